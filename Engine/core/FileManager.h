@@ -1,0 +1,75 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "Engine/core/File.h"
+#include "Engine/core/Singleton.h"
+#include "Engine/core/String.h"
+#include "Engine/core/Types.h"
+
+namespace Engine {
+
+using FILE_NAME_LIST = std::vector<String>;
+
+/// Where the bytes behind a name lie.
+struct sFileLocation {
+    String location;      ///< empty: loose file in the data directory; "#common#": loose file in the common
+                          ///< directory; else the pack that holds it
+    Bool in_root = true;  ///< the pack or file lies in the data directory, not in the common one
+
+    friend Bool operator==(const sFileLocation&, const sFileLocation&) = default;
+};
+
+/// One tree of files for the whole program, addressed by relative names with "/" separators, letter case ignored.
+///
+/// Behind a name stands, in falling priority: a loose file of the writable (common) directory, a member of a pack
+/// there (a patch), a member of a pack of the data directory, a loose file of the data directory. Everything is indexed
+/// once at construction; afterwards the index follows create(), moveFile() and deleteFile() alone.
+class cFileManager : public cSingleton<cFileManager> {
+public:
+    /// @param root_directory       the data directory
+    /// @param package_extention    extension of packs, without the dot
+    /// @param writable_base        directory in which the program's own writable directory is made, with a trailing "/"
+    /// Throws the plain string "app_directory not defined." if "sys/constants.xml" names no directory, and whatever
+    /// reading that file throws.
+    cFileManager(const String& root_directory, const String& package_extention, const String& writable_base);
+    virtual ~cFileManager();
+
+    virtual const String& getRootDirectory() const;
+    virtual const String& getCommonDirectory() const;
+
+    /// Throws `File "<name>" not found.`; for a broken pack the texts of cZipFile.
+    virtual std::unique_ptr<iFile> open(const String& name);
+    /// The same as create(name, true), by a wide name.
+    virtual std::unique_ptr<iFile> create(const WString& name);
+    /// A file in the common directory for writing. The target changes only at close(), whole or not at all.
+    /// Throws `File "<name>" can't be creating.` and the system's message.
+    virtual std::unique_ptr<iFile> create(const String& name, Bool overwrite);
+    virtual void deleteFile(const String& name);
+    virtual Bool isExist(const String& path) const;
+    virtual Bool isCommonExist(const String& name) const;  ///< as a loose file of the common directory
+    /// Indexed names that begin with the prefix; with deep false only the name that equals it.
+    virtual void getIndexedFilenames(const String& prefix, FILE_NAME_LIST& res, Bool deep) const;
+    /// Names (without directories) of the files right in this directory of the common directory, packs left out.
+    virtual void getFilesNames(const String& dir, FILE_NAME_LIST& res) const;
+    /// Files below a real directory, each with its path.
+    virtual void getFileList(const String& path, FILE_NAME_LIST& res, Bool recursive) const;
+    /// Moves a real file into the common directory. Throws `File "<from>" can't be moved into "<to>"` and the system's
+    /// message.
+    virtual void moveFile(const String& from, const String& to);
+
+private:
+    using INDEX = std::map<String, sFileLocation, std::less<>>;
+
+    INDEX m_index;              ///< what each name means now
+    INDEX m_base_index;         ///< the same without the loose files of the common directory
+    std::set<String> m_packs;   ///< pack files found while a directory is indexed
+    String m_root_directory;    ///< trailing "/"
+    String m_package_extention;
+    String m_common_directory;  ///< trailing "/"
+};
+
+}  // namespace Engine

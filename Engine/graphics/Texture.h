@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Engine/core/Resource.h"
+
+namespace Engine {
+
+/// A picture on the device, shared by name. Keeps no pixels of its own: update() reads its file again.
+///
+/// A picture of any size is stored as it is; the scales are below 1 only where the device had to round its surface
+/// up to powers of two.
+class cTexture : public iResource {
+public:
+    explicit cTexture(const String& name);
+    ~cTexture() override;
+
+    eResourceType getType() const override { return eResourceType::texture; }
+    void preUpdate() override;
+    void update() override;
+
+    UInt getHandle() const { return m_texture; }  ///< of the device; 0 while released
+    Float getUScale() const { return m_u_scale; }
+    Float getVScale() const { return m_v_scale; }
+    Float getHalfTexelU() const { return m_half_texel_u; }
+    Float getHalfTexelV() const { return m_half_texel_v; }
+    UInt getSurfaceWidth() const { return m_surface_width; }
+    UInt getSurfaceHeight() const { return m_surface_height; }
+    UInt getWidth() const { return m_width; }    ///< of the picture, texels
+    UInt getHeight() const { return m_height; }  ///< of the picture, texels
+
+private:
+    void load(const String& name);
+
+    UInt m_texture = 0;
+    Float m_u_scale = 1.0f;       ///< picture width / surface width
+    Float m_v_scale = 1.0f;       ///< picture height / surface height
+    Float m_half_texel_u = 0.0f;  ///< 0.5 / surface width
+    Float m_half_texel_v = 0.0f;
+    UInt m_surface_width = 0;
+    UInt m_surface_height = 0;
+    UInt m_width = 0;
+    UInt m_height = 0;
+};
+
+}  // namespace Engine
