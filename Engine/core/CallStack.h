@@ -3,11 +3,15 @@
 #include "Engine/core/String.h"
 #include "Engine/core/Types.h"
 
+#define ENGINE_MARK_NAME_(line) engine_call_mark_##line
+#define ENGINE_MARK_AT_(text, line) const ::Engine::cCallMark ENGINE_MARK_NAME_(line)(text)
+#define ENGINE_MARK_LINE_(text, line) ENGINE_MARK_AT_(text, line)
+
 /// Marks the function for the call-stack text of failures. Stands at the head of each non-trivial function.
-#define ENGINE_MARK const ::Engine::cCallMark engine_call_mark_(__PRETTY_FUNCTION__)
+#define ENGINE_MARK ENGINE_MARK_LINE_(__PRETTY_FUNCTION__, __LINE__)
 
 /// The same for one statement, named by its text.
-#define ENGINE_MARK_TEXT(text) const ::Engine::cCallMark engine_call_mark_(text)
+#define ENGINE_MARK_TEXT(text) ENGINE_MARK_LINE_(text, __LINE__)
 
 namespace Engine {
 

@@ -3,12 +3,15 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <string_view>
 #include <vector>
 
 #include "Engine/core/File.h"
+#include "Engine/core/FileNames.h"
 #include "Engine/core/Singleton.h"
 #include "Engine/core/String.h"
 #include "Engine/core/Types.h"
+#include "Engine/core/ZipFile.h"
 
 namespace Engine {
 
@@ -19,6 +22,8 @@ struct sFileLocation {
     String location;      ///< empty: loose file in the data directory; "#common#": loose file in the common
                           ///< directory; else the pack that holds it
     Bool in_root = true;  ///< the pack or file lies in the data directory, not in the common one
+    String spelling;      ///< the name as the disk or the pack spells it; empty if that is the lower-case name
+    sMemberPlace place;   ///< in the pack's directory, for a member
 
     friend Bool operator==(const sFileLocation&, const sFileLocation&) = default;
 };
@@ -63,13 +68,25 @@ public:
 
 private:
     using INDEX = std::map<String, sFileLocation, std::less<>>;
+    /// Packs by key, so that letter case doesn't decide which is the later; the second is the name on disk.
+    using PACK_NAMES = std::set<std::pair<String, String>>;
 
-    INDEX m_index;              ///< what each name means now
-    INDEX m_base_index;         ///< the same without the loose files of the common directory
-    std::set<String> m_packs;   ///< pack files found while a directory is indexed
-    String m_root_directory;    ///< trailing "/"
+    void toIndexDirectory(const String& path, const String& dir_tag);
+    void indexLooseFile(const String& name, const String& dir_tag);
+    void indexPacks(const String& path, Bool in_root);
+    void indexMember(const String& pack, const cZipFile::sMember& member, Bool in_root);
+    void readAppDirectory(const String& writable_base);
+    String getCommonPath(const String& key) const;
+    std::shared_ptr<cPack> getPack(const sFileLocation& location);
+    void enterCommonFile(const String& key, const String& spelling);
+
+    INDEX m_index;       ///< what each name means now
+    INDEX m_base_index;  ///< what a name means without its loose common file; only for names that have one
+    PACK_NAMES m_packs;  ///< pack files found while a directory is indexed
+    std::map<String, std::shared_ptr<cPack>> m_open_packs[2];  ///< by name, those that were read from: [in_root]
+    String m_root_directory;                                   ///< trailing "/"
     String m_package_extention;
-    String m_common_directory;  ///< trailing "/"
+    String m_common_directory;  ///< trailing "/"; empty while the data directory is indexed
 };
 
 }  // namespace Engine

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "Engine/core/String.h"
 #include "Engine/core/Types.h"
 
@@ -24,7 +26,7 @@ enum class eResourceType : UInt {
 class iResource {
 public:
     iResource() = default;
-    explicit iResource(String name) : m_name(std::move(name)) {}
+    explicit iResource(String name) : m_name(std::make_unique<const String>(std::move(name))) {}
     /// Leaves the resource manager's tables, if it is in them.
     virtual ~iResource();
     iResource(const iResource&) = delete;
@@ -40,11 +42,12 @@ public:
     /// True if the count fell below 1.
     virtual Bool release() { return --m_references < 1; }
     virtual Bool isUsed() const { return m_references > 0; }
-    virtual const String& getName() const { return m_name; }
+    virtual const String& getName() const;
 
 private:
+    // The name lies apart, so that the tags of a document, resources without one, stay small.
+    std::unique_ptr<const String> m_name;  ///< lower case, "/" separators; null: empty
     Int m_references = 0;
-    String m_name;  ///< lower case, "/" separators
 };
 
 }  // namespace Engine

@@ -1,7 +1,12 @@
 #pragma once
 
+#include <array>
+#include <functional>
 #include <map>
+#include <memory>
 #include <set>
+#include <unordered_map>
+#include <vector>
 
 #include "Engine/core/Resource.h"
 #include "Engine/core/Singleton.h"
@@ -15,8 +20,14 @@ namespace Engine {
 /// A resource at count 0 stays cached until clear(), clearUseless() or unloadUselessResource().
 /// Getters throw the plain string "Wrong resource type." for a name of another kind, and whatever loading throws;
 /// nothing is then entered.
+///
+/// The manager knows no kind by itself but documents: whoever brings a kind registers its loader. A kind without one
+/// makes its getter throw "cResourceManager: no loader for resources of kind <number>. File: <name>".
 class cResourceManager : public cSingleton<cResourceManager> {
 public:
+    /// Makes the resource of a name (lower case). Fails with an exception, never with null.
+    using LOADER = std::function<std::unique_ptr<iResource>(const String& name)>;
+
     cResourceManager();
     virtual ~cResourceManager();
 
@@ -26,7 +37,8 @@ public:
     virtual iResource* getMesh(const String& path);
     virtual iResource* getAnimation(const String& path);
     virtual iXML* getXML(const String& path);
-    /// Forgets the entry; the object is not deleted.
+    /// Forgets the entry, so that the next getter reads the file again. The object stays with its holders and goes with
+    /// the first clean-up that finds it unused.
     virtual void releaseResource(const String& path);
     virtual void releaseResource(iResource* resource);
     virtual void deleteAllSoundResource();
@@ -46,6 +58,29 @@ public:
     virtual iResource* getResource(const String& path);
     virtual void unloadUselessResource(const String& path);
     virtual iResource* getShader(const String& path);
+
+    /// @param is_graphics  resources of the kind live on the device and are told of its resets
+    void registerLoader(eResourceType type, LOADER loader, Bool is_graphics);
+
+private:
+    struct sKind {
+        LOADER loader;
+        Bool is_graphics = false;
+    };
+
+    iResource* getByType(const String& path, eResourceType type);
+    std::vector<iResource*> getOrdered() const;
+    void deleteWhere(const std::function<Bool(const iResource&)>& condition);
+    std::unique_ptr<iResource> takeOut(iResource* resource);
+
+    std::map<String, std::unique_ptr<iResource>> m_resources;  ///< by lower-case name
+    std::unordered_map<const iResource*, String> m_names;      ///< the other way; never walked
+    std::vector<iResource*> m_graphics_resources;              ///< those on the device, in order of their making
+    std::vector<std::unique_ptr<iResource>> m_forgotten;       ///< without a name, until nobody holds them
+    std::array<sKind, 7> m_kinds;                              ///< by eResourceType
 };
+
+/// The kind that a file's extension gives.
+eResourceType toResourceType(const String& path);
 
 }  // namespace Engine

@@ -13,18 +13,19 @@ public:
     cSingleton(const cSingleton&) = delete;
     cSingleton& operator=(const cSingleton&) = delete;
 
-    static T* getInstance() { return m_instance; }
+    /// The cast waits for this call: while the base is constructed there is no T yet.
+    static T* getInstance() { return static_cast<T*>(m_instance); }
 
 protected:
     cSingleton() {
         if (m_instance)
             throw "Object already exist.";
-        m_instance = static_cast<T*>(this);
+        m_instance = this;
     }
     ~cSingleton() { m_instance = nullptr; }
 
 private:
-    static inline T* m_instance = nullptr;
+    static inline cSingleton* m_instance = nullptr;
 };
 
 }  // namespace Engine

@@ -47,7 +47,10 @@ char32_t decodeUtf8(std::string_view text, std::size_t& length) {
     if (head < 0x80)
         return head;
 
-    const std::size_t tail = head >= 0xF0 && head < 0xF5 ? 3 : head >= 0xE0 && head < 0xF0 ? 2 : head >= 0xC2 && head < 0xE0 ? 1 : 0;
+    const std::size_t tail = head >= 0xF0 && head < 0xF5   ? 3
+                             : head >= 0xE0 && head < 0xF0 ? 2
+                             : head >= 0xC2 && head < 0xE0 ? 1
+                                                           : 0;
     if (tail == 0 || text.size() <= tail)
         return replacement;
     char32_t code = head & (0x3Fu >> tail);
@@ -93,7 +96,8 @@ WString toWide(std::string_view text) {
 
 String toLower(std::string_view text) {
     String out(text);
-    std::transform(out.begin(), out.end(), out.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::transform(out.begin(), out.end(), out.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return out;
 }
 

@@ -1,13 +1,14 @@
 #include "Engine/core/Types.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Engine {
 
 namespace {
 
 UInt toByte(Float part) {
-    return static_cast<UInt>(std::clamp(part, 0.0f, 1.0f) * 255.0f + 0.5f);
+    return static_cast<UInt>(std::lround(std::clamp(part, 0.0f, 1.0f) * 255.0f));
 }
 
 }  // namespace

@@ -17,14 +17,14 @@ using VECTOR_VECTOR_BOOL = std::vector<std::vector<bool>>;
 
 /// Bits of a control's render type.
 enum eRenderType : UInt {
-    renderMultiply = 0x001,     ///< destination colour x source alpha; in full screen also the point magnify filter
-    renderOpaque = 0x002,       ///< no blending and no alpha test
-    renderMaskWriter = 0x004,   ///< writes the stencil first
-    renderMasked = 0x008,       ///< draws only where the stencil holds the mask
-    renderLinear = 0x020,       ///< linear filter
+    renderMultiply = 0x001,       ///< destination colour x source alpha; in full screen also the point magnify filter
+    renderOpaque = 0x002,         ///< no blending and no alpha test
+    renderMaskWriter = 0x004,     ///< writes the stencil first
+    renderMasked = 0x008,         ///< draws only where the stencil holds the mask
+    renderLinear = 0x020,         ///< linear filter
     renderMultiplyBlend = 0x040,  ///< as renderMultiply for the blend factors alone
-    renderAnisotropic = 0x080,  ///< anisotropic filter
-    renderAlpha160 = 0x100,     ///< alpha reference 160 instead of 0
+    renderAnisotropic = 0x080,    ///< anisotropic filter
+    renderAlpha160 = 0x100,       ///< alpha reference 160 instead of 0
 };
 
 /// The renderer as the rest of the program sees it. Everything drawn in a frame is handed in between beginRender()
@@ -76,8 +76,8 @@ public:
     virtual ~iGraphics() = default;
     virtual void beginRender() = 0;
     virtual void endRender() = 0;
-    virtual UInt getHeight() const = 0;  ///< logical
-    virtual UInt getWidth() const = 0;   ///< logical
+    virtual UInt getHeight() const = 0;              ///< logical
+    virtual UInt getWidth() const = 0;               ///< logical
     virtual void setResetPending(Bool pending) = 0;  ///< the next beginRender() resets the device
     virtual Bool isResetPending() const = 0;
     virtual UInt getSpriteCapacity() const = 0;

@@ -29,8 +29,8 @@ struct sMouseState {
 };
 
 struct sJoystickState {
-    Long axes[8] = {};                 ///< X, Y, Z, Rx, Ry, Rz, slider 0, slider 1; -32768 to 32768
-    Long hats[4] = {-1, -1, -1, -1};   ///< hundredths of a degree clockwise from up, -1 when centred
+    Long axes[8] = {};                ///< X, Y, Z, Rx, Ry, Rz, slider 0, slider 1; -32768 to 32768
+    Long hats[4] = {-1, -1, -1, -1};  ///< hundredths of a degree clockwise from up, -1 when centred
 };
 
 /// What the engine asks of a keyboard, mouse or joystick: buffered events and the state of this moment.

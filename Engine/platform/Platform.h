@@ -12,23 +12,26 @@ namespace Engine::Platform {
 class iGraphicsDevice;
 
 enum class eMessage : UInt {
-    quit,                  ///< ends the pump; posted, never sent by the window itself
-    close,                 ///< the close box, or the program's own wish to end
-    destroy,               ///< the window is gone
-    activate,              ///< param: eActivation
-    activateApp,           ///< param: 1 when another program gives way to this one, 0 when it takes over
+    quit,         ///< ends the pump; posted, never sent by the window itself
+    close,        ///< the close box, or the program's own wish to end
+    destroy,      ///< the window is gone
+    activate,     ///< param: eActivation
+    activateApp,  ///< param: 1 when another program gives way to this one, 0 when it takes over
     setCursor,
     nonClientDoubleClick,
     mouseMove,
-    keyDown,               ///< param: virtual-key code
-    character,             ///< param: UTF-16 unit
-    sysCommand,            ///< param: eSysCommand
-    sysKeyDown,            ///< a key while Alt is held; param: virtual-key code
+    keyDown,     ///< param: virtual-key code
+    character,   ///< param: UTF-16 unit
+    sysCommand,  ///< param: eSysCommand
+    sysKeyDown,  ///< a key while Alt is held; param: virtual-key code
     other,
 };
 
 enum eActivation : UInt { inactive = 0, active = 1, clickActive = 2 };
 enum class eSysCommand : UInt { keyMenu, restore, minimize, maximize, other };
+
+/// The system's pointer: none where the game draws its own.
+enum class eCursor : UInt { none, arrow, dragSideways };
 
 /// Virtual-key codes that the engine itself names; letters and digits have their ASCII codes.
 enum eVirtualKey : UInt {
@@ -94,8 +97,9 @@ public:
     virtual String getWritableDirectory() = 0;  ///< per user, with a trailing "/"; the program adds its own name
 
     virtual std::unique_ptr<iWindow> createWindow(const sWindowParams& params) = 0;
-    virtual Vector2 getCursorPos() = 0;         ///< display coordinates
-    virtual void showSystemCursor(Bool show) = 0;
+    virtual Vector2 getCursorPos() = 0;  ///< display coordinates
+    virtual void setCursor(eCursor cursor) = 0;
+    virtual eCursor getCursor() const = 0;
 
     /// Null where there is no such device.
     virtual std::unique_ptr<iKeyboard> createKeyboard() = 0;

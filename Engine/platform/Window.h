@@ -29,7 +29,7 @@ public:
     virtual void setWindowed(Int width, Int height) = 0;
     /// A window without a frame that covers its display.
     virtual void setFullScreen() = 0;
-    virtual void restore() = 0;                ///< from the minimised state, and to the front
+    virtual void restore() = 0;  ///< from the minimised state, and to the front
     virtual Bool isMinimized() const = 0;
     virtual sRect getClientRect() const = 0;   ///< in display coordinates
     virtual sRect getDisplayRect() const = 0;  ///< of the display that holds the window

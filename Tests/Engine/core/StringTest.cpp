@@ -11,11 +11,11 @@ TEST(String, convertsBothWaysWithoutLoss) {
 }
 
 TEST(String, replacesWhatIsNoText) {
-    EXPECT_EQ(toNarrow(WString(u"a\xD800z")), "a\xEF\xBF\xBDz");         // half a pair
-    EXPECT_EQ(toWide("a\xFFz"), u"a\uFFFDz");                            // no head byte
-    EXPECT_EQ(toWide("a\xE2\x82"), u"a\uFFFD\uFFFD");                    // cut
-    EXPECT_EQ(toWide("\xC0\xAF"), u"\uFFFD\uFFFD");                      // overlong
-    EXPECT_EQ(toWide("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");            // a surrogate in disguise
+    EXPECT_EQ(toNarrow(WString(u"a\xD800z")), "a\xEF\xBF\xBDz");  // half a pair
+    EXPECT_EQ(toWide("a\xFFz"), u"a\uFFFDz");                     // no head byte
+    EXPECT_EQ(toWide("a\xE2\x82"), u"a\uFFFD\uFFFD");             // cut
+    EXPECT_EQ(toWide("\xC0\xAF"), u"\uFFFD\uFFFD");               // overlong
+    EXPECT_EQ(toWide("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");     // a surrogate in disguise
 }
 
 TEST(String, comparesFileNamesByOneRule) {

@@ -1,0 +1,64 @@
+#include "Engine/platform/headless/HeadlessGraphicsDevice.h"
+
+#include "Engine/core/CallStack.h"
+
+namespace Engine::Platform {
+
+Bool cHeadlessGraphicsDevice::reset(UInt width, UInt height) {
+    return width > 0 && height > 0;
+}
+
+eDeviceState cHeadlessGraphicsDevice::present() {
+    ++m_counters.pictures;
+    return eDeviceState::ready;
+}
+
+sTextureSurface cHeadlessGraphicsDevice::createTexture(UInt width, UInt height, const std::uint8_t*) {
+    ENGINE_MARK;
+    if (width == 0 || height == 0 || width > getMaxTextureSize() || height > getMaxTextureSize())
+        throw String("Texture of " + std::to_string(width) + " x " + std::to_string(height) + " can't be created.");
+    m_textures.insert(++m_last_texture);
+    return {m_last_texture, width, height};
+}
+
+void cHeadlessGraphicsDevice::releaseTexture(UInt handle) {
+    ENGINE_MARK;
+    if (handle != 0 && m_textures.erase(handle) == 0)
+        throw String("cHeadlessGraphicsDevice::releaseTexture(): no texture " + std::to_string(handle));
+}
+
+void cHeadlessGraphicsDevice::writeBatch(std::span<const sVertex> vertices, std::span<const std::uint16_t> indices) {
+    m_vertices = vertices.size();
+    m_indices = indices.size();
+}
+
+void cHeadlessGraphicsDevice::clear(UInt) {
+    m_counters = {.pictures = m_counters.pictures};
+    m_bound = 0;
+}
+
+void cHeadlessGraphicsDevice::beginScene() {
+    m_in_scene = true;
+}
+
+void cHeadlessGraphicsDevice::draw(const sDrawState&, const sDrawRun& run) {
+    ENGINE_MARK;
+    if (!m_in_scene)
+        throw String("cHeadlessGraphicsDevice::draw(): not in a scene");
+    if (run.texture != 0 && !m_textures.contains(run.texture))
+        throw String("cHeadlessGraphicsDevice::draw(): no texture " + std::to_string(run.texture));
+    if (std::size_t{run.first_index} + std::size_t{run.triangles} * 3 > m_indices ||
+        std::size_t{run.first_vertex} + run.vertices > m_vertices)
+        throw String("cHeadlessGraphicsDevice::draw(): the run lies outside the batch");
+
+    ++m_counters.draws;
+    m_counters.triangles += run.triangles;
+    m_counters.texture_changes += run.texture != m_bound;
+    m_bound = run.texture;
+}
+
+void cHeadlessGraphicsDevice::endScene() {
+    m_in_scene = false;
+}
+
+}  // namespace Engine::Platform
