@@ -1,0 +1,109 @@
+#include "Engine/core/Logic.h"
+
+#include "Engine/Ui/Control.h"
+#include "Engine/Ui/Scavenger.h"
+#include "Engine/Ui/ViewSets.h"
+#include "Engine/core/CallStack.h"
+#include "Engine/core/Timer.h"
+#include "Engine/graphics/Graphics.h"
+#include "Engine/graphics/Texture.h"
+#include "Engine/input/Input.h"
+
+namespace Engine {
+
+namespace {
+
+constexpr UInt inactive_sleep = 50;  // milliseconds a frame while there is nobody to play
+
+}  // namespace
+
+cLogic::cLogic(Platform::iPlatform& platform) : m_platform(platform) {
+    ENGINE_MARK;
+    cInput* input = cInput::getInstance();
+    for (const eControl control :
+         {Control::left_alt_press, Control::left_alt_release, Control::right_alt_press, Control::right_alt_release})
+        input->bind(control, ignore, nullptr);
+    input->bind(Control::print_screen_press, onPrintScreen, nullptr);
+}
+
+cLogic::~cLogic() {
+    if (cInput* input = cInput::getInstance())
+        input->unbindAll();
+}
+
+void cLogic::process() {
+    ENGINE_MARK;
+    if (m_minimized) {
+        cScavenger::free();
+        m_platform.sleep(inactive_sleep);  // nothing to do until the window comes back
+        return;
+    }
+    updateSysCursor();
+    cTimer::getInstance()->process();
+    cInput::getInstance()->process();
+    if (m_inactive) {
+        m_platform.sleep(inactive_sleep);
+    } else {
+        processViews();
+        processFades();
+    }
+    cGraphics::getInstance()->beginRender();
+    drawViews();
+    cGraphics::getInstance()->endRender();
+    cScavenger::free();
+}
+
+void cLogic::updateSysCursor() {
+    const cGraphics* graphics = cGraphics::getInstance();
+    Float rect[4];
+    graphics->getWindowRect(rect);
+    const Vector2 in_window = m_platform.getCursorPos() - Vector2(rect[0], rect[1]);
+    graphics->toLogical(in_window, m_cursor);
+}
+
+void cLogic::processViews() {
+    if (UI::getTransparenty().empty()) {
+        UI::getAbsoluteEnabled().walk([](cView* view) { view->absoluteProcess(); });
+        UI::getAbsoluteEnabled().applyPending();
+        UI::getEnabled().walk([](cView* view) { view->process(); });
+    }
+    UI::getEnabled().applyPending();
+}
+
+void cLogic::processFades() {
+    auto& fading = UI::getTransparenty();
+    // A fade that has ended leaves the set; the walk allows that.
+    fading.walk([&](cView* view) {
+        view->changeTransparency();
+        if (view->getTransparencyMode() == cView::noFade)
+            fading.erase(view->getCreationNumber());
+    });
+}
+
+void cLogic::drawViews() {
+    auto& draw_set = UI::getDrawSet();
+    draw_set.walk([&](cControl* control) {
+        if (control->isShown())
+            draw(control);
+        else
+            draw_set.erase({control->getDeep(), control->getCreationNumber()});
+    });
+}
+
+void cLogic::draw(cControl* control) {
+    cGraphics* graphics = cGraphics::getInstance();
+    auto* texture = static_cast<cTexture*>(control->getTexture());
+    graphics->render(control->getSprite(), texture, control->getRenderType());
+    if (control->isDoubleAnimRender())
+        graphics->render(control->getSecondSprite(), texture, control->getRenderType());
+}
+
+void cLogic::onPrintScreen(cView*) {
+    cGraphics::getInstance()->screenshot();
+}
+
+void cLogic::exit() {
+    m_platform.postMessage({Platform::eMessage::close, 0});
+}
+
+}  // namespace Engine

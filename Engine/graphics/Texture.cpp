@@ -1,0 +1,48 @@
+#include "Engine/graphics/Texture.h"
+
+#include "Engine/core/CallStack.h"
+#include "Engine/graphics/Graphics.h"
+#include "Engine/graphics/PictureFile.h"
+
+namespace Engine {
+
+cTexture::cTexture(const String& name) : iResource(name) {
+    ENGINE_MARK;
+    load(name);
+}
+
+cTexture::~cTexture() {
+    preUpdate();
+}
+
+/// The device takes all textures with it when it goes, and it goes before the resources do.
+void cTexture::preUpdate() {
+    if (cGraphics* graphics = cGraphics::getInstance())
+        graphics->releaseResource(m_texture);
+    m_texture = 0;
+}
+
+void cTexture::update() {
+    ENGINE_MARK;
+    preUpdate();
+    load(getName());
+}
+
+void cTexture::load(const String& name) {
+    ENGINE_MARK;
+    const std::vector<std::uint8_t> file = readPictureFile(name);
+    sImageInfo info;
+    const Platform::sTextureSurface surface =
+        cGraphics::getInstance()->getResource(file.data(), file.size(), name, info);
+    m_texture = surface.handle;
+    m_surface_width = surface.width;
+    m_surface_height = surface.height;
+    m_width = info.width;
+    m_height = info.height;
+    m_u_scale = static_cast<Float>(m_width) / static_cast<Float>(m_surface_width);
+    m_v_scale = static_cast<Float>(m_height) / static_cast<Float>(m_surface_height);
+    m_half_texel_u = 0.5f / static_cast<Float>(m_surface_width);
+    m_half_texel_v = 0.5f / static_cast<Float>(m_surface_height);
+}
+
+}  // namespace Engine
