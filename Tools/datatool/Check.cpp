@@ -1,0 +1,170 @@
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <map>
+
+#include "Engine/core/DirectoryWalk.h"
+#include "Engine/core/FileNames.h"
+#include "Engine/core/ResourceManager.h"
+#include "Engine/core/ZipFile.h"
+#include "Engine/graphics/image/Image.h"
+#include "Tools/datatool/Commands.h"
+#include "Tools/datatool/FileBytes.h"
+#include "Tools/datatool/ResourceLog.h"
+
+namespace Datatool {
+
+using namespace Engine;
+
+namespace {
+
+const char* const constants_file = "sys/constants.xml";
+
+/// A failure's text, without the file's name where it begins with that.
+String toReason(const String& file, std::string_view text) {
+    if (text.starts_with(file) && text.substr(file.size()).starts_with(": "))
+        text.remove_prefix(file.size() + 2);
+    return String(text);
+}
+
+/// Looks at every file of a data directory, loose or packed, and prints what is wrong.
+class cChecker {
+public:
+    explicit cChecker(const String& directory) : m_directory(directory) {}
+
+    /// False if anything was found.
+    bool run() {
+        walkDirectory(m_directory, true, [this](const String& name) { checkLoose(name); });
+        checkNeeded();
+        for (const auto& [path, log] : m_named) {
+            if (!m_files.contains(toFileKey(path)))
+                find(log, "names \"" + path + "\", which is no file");
+        }
+        return m_is_clean;
+    }
+
+private:
+    using OPENER = std::function<std::unique_ptr<iFile>()>;
+
+    void find(const String& file, const String& what) {
+        std::cout << toLine(file + ": " + what) << '\n';
+        m_is_clean = false;
+    }
+
+    /// Runs a step; its failure is a finding about the file.
+    void attempt(const String& file, const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const std::string& text) {
+            find(file, toReason(file, text));
+        } catch (const char* text) {
+            find(file, text);
+        } catch (const std::exception& error) {
+            find(file, error.what());
+        }
+    }
+
+    void checkLoose(const String& name) {
+        if (getFileExt(name) == "pack") {
+            if (name.find('/') == String::npos)
+                attempt(name, [&] { checkPack(name); });
+            else
+                find(name, "a pack is read only at the top of the data directory");
+            return;
+        }
+        const auto [entry, is_new] = m_loose.emplace(toFileKey(name), name);
+        if (!is_new)
+            find(name, "the same name as \"" + entry->second + "\" but for letter case");
+        m_files.insert(toFileKey(name));
+        checkFile(name, name, [&] { return openFile(m_directory + name); });
+    }
+
+    void checkPack(const String& name) {
+        const String path = m_directory + name;
+        const auto pack = std::make_shared<cPack>(path);
+        std::set<String> keys;
+        cZipFile::ZIP_FIND find_handle = cZipFile::findOpen(path);
+        cZipFile::sMember member;
+        for (Bool more = cZipFile::findFirstFile(find_handle, member); more;
+             more = cZipFile::findNextFile(find_handle, member)) {
+            if (member.name.empty() || member.name.back() == '/' || member.name.back() == '\\')
+                continue;
+            const String label = name + "/" + member.name;
+            if (!isInnerName(member.name))
+                find(label, "the name leads out of the data directory; the game leaves this member out");
+            else if (!keys.insert(toFileKey(member.name)).second)
+                find(label, "the name is in the pack twice, letter case aside");
+            m_files.insert(toFileKey(member.name));
+            checkFile(label, member.name, [&] { return std::make_unique<cZipFile>(pack, member.place, member.name); });
+        }
+        cZipFile::findClose(find_handle);
+    }
+
+    /// @param label  the file in findings; a member's begins with its pack
+    void checkFile(const String& label, const String& name, const OPENER& open) {
+        attempt(label, [&] {
+            const std::unique_ptr<iFile> file = open();
+            const eResourceType type = toResourceType(name);
+            if (type == eResourceType::xml)
+                checkDocument(label, name, *readXML(label, *file));
+            else if (type == eResourceType::texture)
+                checkImage(name, *file);
+            else
+                readThrough(*file);
+        });
+    }
+
+    void checkImage(const String& name, iFile& file) {
+        const BYTES bytes = readAll(file);
+        decodeImage(bytes.data(), bytes.size(), name);
+    }
+
+    /// A member whose bytes are damaged says so while it is read.
+    void readThrough(iFile& file) {
+        std::array<char, 64 * 1024> part;
+        while (file.read(part.data(), static_cast<ULong>(part.size())) > 0) {
+        }
+    }
+
+    void checkDocument(const String& label, const String& name, const cXML& document) {
+        if (toFileKey(name) == constants_file)
+            checkConstants(label, document);
+        std::vector<sLogEntry> entries;
+        if (!readResourceLog(document, entries))
+            return;
+        for (const sLogEntry& entry : entries)
+            m_named.emplace_back(entry.path, label);
+    }
+
+    /// Without these the game does not even start.
+    void checkNeeded() {
+        for (const char* name : {constants_file, "sys/settings.xml"}) {
+            if (!m_files.contains(name))
+                find(name, "is missing; the game needs it to start");
+        }
+    }
+
+    /// The player's own directory is named after one of two attributes.
+    void checkConstants(const String& label, const cXML& document) {
+        iXML* game = nullptr;
+        if (!document.get("game", game) || ((*game)[u"app_directory"].empty() && (*game)[u"window_title"].empty()))
+            find(label, "tag \"game\" has no \"app_directory\"; the game needs it to start");
+    }
+
+    String m_directory;                              ///< with a trailing "/"
+    std::map<String, String> m_loose;                ///< loose files by key
+    std::set<String> m_files;                        ///< keys of all files
+    std::vector<std::pair<String, String>> m_named;  ///< a file's name and the resource log that names it
+    bool m_is_clean = true;
+};
+
+}  // namespace
+
+bool check(const String& directory) {
+    if (!std::filesystem::is_directory(std::string(directory)))
+        throw String(directory + ": no such directory");
+    return cChecker(directory.ends_with('/') ? directory : String(directory + "/")).run();
+}
+
+}  // namespace Datatool

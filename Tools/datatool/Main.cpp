@@ -1,0 +1,84 @@
+#include <array>
+#include <iostream>
+#include <span>
+#include <string_view>
+
+#include "Tools/datatool/Commands.h"
+#include "Tools/datatool/FileBytes.h"
+
+namespace {
+
+constexpr int exit_done = 0;
+constexpr int exit_failed = 1;  ///< the data or the run is at fault
+constexpr int exit_usage = 2;
+
+constexpr std::string_view help = R"(datatool: look into the game's data, check it, pack it
+
+  datatool inspect FILE            what FILE holds, as JSON: a document (text or binary XML), a resource log,
+                                   a pack's directory
+  datatool check DIR               one line for each fault in a data directory: documents, pictures and packs that
+                                   can't be read, names that clash, files that resource logs name and nobody has,
+                                   what is missing that the game needs to start
+  datatool compile IN.xml OUT.xml  a document in its binary form, which loads faster
+  datatool decompile IN.xml OUT.xml
+                                   the binary form as text again; it reads back to the same tree
+  datatool pack DIR OUT.pack       all files below DIR as a pack; the same files give the same bytes
+  datatool --help                  this text
+
+Exit status: 0 done, no fault found; 1 the data or the run is at fault; 2 wrong usage.
+)";
+
+using ARGUMENTS = std::span<const char* const>;
+
+struct sCommand {
+    std::string_view name;
+    std::size_t argument_count;
+    bool (*run)(ARGUMENTS arguments);
+};
+
+constexpr std::array<sCommand, 5> commands{{
+    {"inspect", 1, [](ARGUMENTS a) { return Datatool::inspect(a[0]), true; }},
+    {"check", 1, [](ARGUMENTS a) { return Datatool::check(a[0]); }},
+    {"compile", 2, [](ARGUMENTS a) { return Datatool::compile(a[0], a[1]), true; }},
+    {"decompile", 2, [](ARGUMENTS a) { return Datatool::decompile(a[0], a[1]), true; }},
+    {"pack", 2, [](ARGUMENTS a) { return Datatool::pack(a[0], a[1]), true; }},
+}};
+
+int fail(const std::string& text) {
+    std::cerr << "datatool: " << Datatool::toLine(text) << '\n';
+    return exit_failed;
+}
+
+/// A String names its file; what else may come (no memory, a stream that ends) does not.
+int run(const sCommand& command, ARGUMENTS arguments) {
+    const std::string file = std::string(arguments[0]) + ": ";
+    try {
+        const bool is_clean = command.run(arguments);
+        if (!std::cout.flush())
+            return fail(file + "what it holds can't be written to standard output");
+        return is_clean ? exit_done : exit_failed;
+    } catch (const std::string& text) {
+        return fail(text);
+    } catch (const char* text) {
+        return fail(file + text);
+    } catch (const std::exception& error) {
+        return fail(file + error.what());
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::span<char* const> words(argv, static_cast<std::size_t>(argc));
+    const std::string_view name = argc > 1 ? words[1] : "";
+    if (name == "--help") {
+        std::cout << help;
+        return exit_done;
+    }
+    for (const sCommand& command : commands) {
+        if (command.name == name && words.size() - 2 == command.argument_count)
+            return run(command, ARGUMENTS(words.data() + 2, command.argument_count));
+    }
+    std::cerr << "datatool: wrong usage, see datatool --help\n";
+    return exit_usage;
+}
