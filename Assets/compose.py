@@ -1,0 +1,172 @@
+"""From renders to finished pictures: one function for each object that build.py knows.
+
+Each takes the folder with the renders of its Blender script and writes its files under Data/.
+"""
+import json
+
+import numpy
+from PIL import Image, ImageChops, ImageDraw
+
+import palette
+import picture
+
+SCREEN = (800, 600)
+SIGN_SCALE = 3  # of the renders, as render_signs.py makes them
+LOOKS = ("normal", "hover", "pressed", "disabled")  # the order of the frames in a button's atlas
+
+
+def studio_logo(renders):
+    """Hedgerow Lane: the lane at sunset in a golden ring, the name beneath."""
+    ground = Image.new("RGBA", SCREEN, (*palette.rgb("hedge"), 255))
+    ground = picture.fill(ground, _disc(SCREEN, (400, 232), 330, 150), "leaf", 0.35)
+    scene = picture.sky((360, 360), 118)
+    scene = picture.fill(scene, _disc((360, 360), (150, 92), 30, 3), "glow")
+    scene.alpha_composite(picture.shrink(picture.open_render(f"{renders}/lane.png"), 2))
+    scene = picture.graded(scene)
+    centre, radius = (400, 232), 168
+    ground = picture.fill(ground, _disc(SCREEN, (404, 240), radius + 12, 12), "hedge_deep", 0.8)
+    for extra, colour in ((13, "gold"), (10, "hedge_deep"), (5, "cream")):
+        ground = picture.fill(ground, _disc(SCREEN, centre, radius + extra, 0.7), colour)
+    layer = Image.new("RGBA", SCREEN, (0, 0, 0, 0))
+    layer.paste(scene, (centre[0] - 180, centre[1] - 180))
+    layer.putalpha(ImageChops.multiply(layer.getchannel("A"), _disc(SCREEN, centre, radius, 0.7)))
+    ground = Image.alpha_composite(ground, layer)
+    name = picture.text_mask(SCREEN, "Hedgerow Lane", picture.font("book", 76), (400, 498), 2.0)
+    ground = picture.fill(ground, picture.blurred(picture.shifted(name, 2, 4), 3), "hedge_deep", 0.9)
+    ground = picture.fill_shaded(ground, name, "cream", "gold", (440, 515))
+    ground = _flourish(ground, 400, 540, 150, "gold")
+    picture.save(picture.vignette(ground, 0.55, "hedge_deep"), "Logo.jpg")
+
+
+def craft_logo(renders):
+    """The made-with plate: wheel and quill on a wall of planks."""
+    ground = picture.shrink(picture.open_render(f"{renders}/craft.png"), 2)
+    ground = picture.vignette(picture.graded(ground), 0.85)
+    big = picture.text_mask(SCREEN, "Built by hand", picture.font("display", 68), (400, 482), 1.5)
+    small = picture.text_mask(SCREEN, "roads, wheels and words", picture.font("italic", 33), (400, 556), 1.0)
+    ground = picture.fill(ground, picture.blurred(picture.grown(ImageChops.lighter(big, small), 3), 7), "ink", 0.8)
+    ground = picture.carved(ground, big, 2, "cream")
+    ground = picture.fill(ground, small, "gold")
+    ground = _flourish(ground, 400, 517, 150, "gold")
+    picture.save(ground, "Logo/Logo2.jpg", picture.LOGOS)
+
+
+def title_logo(renders):
+    """BRINDLE over its valley."""
+    ground = picture.sky(SCREEN, 330)
+    ground.alpha_composite(picture.shrink(picture.open_render(f"{renders}/title.png"), 2))
+    ground = picture.vignette(picture.graded(ground), 0.45)
+    face = picture.font("display", 146)
+    name = picture.text_mask(SCREEN, "BRINDLE", face, (400, 158), 7)
+    rim = picture.grown(name, 5)
+    ground = picture.fill(ground, picture.blurred(picture.shifted(rim, 4, 9), 7), "ink", 0.55)
+    ground = picture.fill(ground, picture.shifted(rim, 0, 4), "ink")
+    ground = picture.fill(ground, rim, "timber")
+    ground = picture.fill_shaded(ground, name, "cream", "gold", (58, 165))
+    lit = ImageChops.subtract(name, picture.shifted(name, 2, 2))
+    ground = picture.fill(ground, picture.blurred(lit, 0.6), "flower_white", 0.9)
+    dark = ImageChops.subtract(name, picture.shifted(name, -2, -2))
+    ground = picture.fill(ground, picture.blurred(dark, 0.7), "soil", 0.65)
+    words = "roads, caravans, mills - and an enemy that bites back"
+    line = picture.text_mask(SCREEN, words, picture.font("italic", 31), (400, 212), 0.3)
+    ground = picture.fill(ground, picture.blurred(picture.grown(line, 3), 2.2), "ink", 0.95)
+    ground = picture.fill(ground, line, "cream")
+    picture.save(ground, "Logo/Logo3.jpg", picture.LOGOS)
+
+
+def start_screen(renders):
+    """The valley, the mill's tower and its turning wheel."""
+    layout = json.load(open(f"{renders}/layout.json", encoding="ascii"))
+    back = picture.sky(SCREEN, 140)
+    back.alpha_composite(picture.shrink(picture.open_render(f"{renders}/back.png"), layout["scale"]))
+    picture.save(picture.vignette(picture.graded(back), 0.40), "UI/Start/back.jpg")
+
+    mill = picture.shrink(picture.open_render(f"{renders}/mill.png"), layout["scale"])
+    left, top, right, bottom = mill.getchannel("A").point(lambda v: 255 if v > 2 else 0).getbbox()
+    right, bottom = right + (right - left) % 2, bottom + (bottom - top) % 2
+    mill = _graded_sprite(mill.crop((left, top, right, bottom)))
+    picture.save(mill, "UI/Start/mill.png")
+
+    frames = [picture.open_render(f"{renders}/sails_{i:02}.png") for i in range(layout["frames"])]
+    frames = [_graded_sprite(picture.shrink(f, layout["scale"])) for f in frames]
+    picture.save(picture.row_of(frames, 8), "UI/Start/sails.png")
+    x, y = layout["mill"][0] + left + mill.width / 2, layout["mill"][1] + top + mill.height / 2
+    print(f"  mill: centre {x:g},{y:g} size {mill.width},{mill.height}; sails: centre {layout['hub'][0]},{layout['hub'][1]}")
+
+
+def _graded_sprite(image):
+    """As the valley is graded, so that a sprite on it does not stand out; alpha stays."""
+    out = picture.graded(image)
+    out.putalpha(image.getchannel("A"))
+    return out
+
+
+def signs(renders):
+    """The hanging boards with their words, and the tick."""
+    leave = [_sign(renders, "leave", look, "Leave", 0.5, 30) for look in LOOKS]
+    picture.save(picture.row_of(leave, 4), "UI/Start/exit.png")
+    for look in LOOKS:
+        name = "fullscreen" + ("" if look == "normal" else "_" + look)
+        picture.save(_sign(renders, "fullscreen", look, "Full screen", 0.618, 21), f"UI/Start/{name}.png")
+    picture.save(picture.halo(picture.shrink(picture.open_render(f"{renders}/tick.png"), SIGN_SCALE), 2, "ink", 0.7), "UI/Start/tick.png")
+
+
+def _sign(renders, name, look, words, middle, size):
+    """One look of one sign; middle is the words' centre as a part of the width."""
+    image = picture.open_render(f"{renders}/{name}_{look}.png")
+    scale = SIGN_SCALE
+    grow = 0.955 if look == "pressed" else 1.0
+    centre = image.height / 2 + ((image.height / 2 - 5 * scale) - (image.height - 30 * scale) / 2) * grow
+    x = image.width / 2 + (middle - 0.5) * image.width * grow
+    face = picture.font("display", round(size * scale * grow))
+    mask = picture.text_mask(image.size, words, face, (x, centre + 0.30 * size * scale * grow), 0.5 * scale, scale=1)
+    paint = {"normal": "cream", "hover": "flower_white", "pressed": "quill_shade", "disabled": "cream"}[look]
+    image = picture.carved(image, mask, scale, paint)
+    if look == "disabled":
+        image = picture.faded(image, 0.88, 0.86)
+    image = picture.shrink(image, scale)
+    return picture.halo(image, 4, "glow", 0.95) if look == "hover" else picture.halo(image, 2, "ink", 0.35)
+
+
+def cloud(renders):
+    """A cloud with soft edges that thins out at its base."""
+    image = picture.open_render(f"{renders}/cloud.png")
+    alpha = numpy.asarray(picture.blurred(image.getchannel("A"), 5), dtype=numpy.float64)
+    y = numpy.linspace(0, 1, image.height)[:, None]
+    alpha = alpha * numpy.clip(1.25 - 0.75 * y, 0, 1) * 0.92
+    filled = Image.alpha_composite(Image.new("RGBA", image.size, (*palette.rgb("cloud"), 255)), image)
+    filled = picture.blurred(filled, 2.2)
+    filled.putalpha(Image.fromarray(numpy.rint(alpha).astype(numpy.uint8), "L"))
+    picture.save(picture.shrink(filled, 2), "UI/Start/cloud.png")
+
+
+def icon(renders):
+    """The mill on a disc of sky."""
+    ground = Image.new("RGBA", (512, 512), (0, 0, 0, 0))
+    air = picture.sky((512, 512), 460)
+    air.putalpha(_disc((512, 512), (256, 262), 240, 1.5))
+    ground = Image.alpha_composite(picture.fill(ground, _disc((512, 512), (256, 262), 250, 1.5), "timber"), air)
+    mill = picture.open_render(f"{renders}/icon.png")
+    inside = _disc((512, 512), (256, 262), 240, 1.5)
+    inside.paste(255, (0, 0, 512, 262))  # only the sails may stand out of the disc
+    mill.putalpha(ImageChops.multiply(mill.getchannel("A"), inside))
+    ground.alpha_composite(mill)
+    picture.save(picture.shrink(ground, 8), "sys/icon.png")
+
+
+def _disc(size, centre, radius, soft):
+    """A mask with a disc whose edge fades over about `soft` pixels."""
+    y, x = numpy.mgrid[0:size[1], 0:size[0]].astype(numpy.float64)
+    d = numpy.hypot(x + 0.5 - centre[0], y + 0.5 - centre[1])
+    return Image.fromarray(numpy.rint(numpy.clip((radius - d) / (2 * soft) + 0.5, 0, 1) * 255).astype(numpy.uint8), "L")
+
+
+def _flourish(ground, x, y, half, colour):
+    """A thin rule that tapers to both sides of a lozenge."""
+    k = 4
+    mask = Image.new("L", (ground.width * k, ground.height * k), 0)
+    draw = ImageDraw.Draw(mask)
+    for side in (-1, 1):
+        draw.polygon([((x + side * 14) * k, (y - 1.1) * k), ((x + side * half) * k, y * k), ((x + side * 14) * k, (y + 1.1) * k)], fill=255)
+    draw.polygon([((x - 7) * k, y * k), (x * k, (y - 4.5) * k), ((x + 7) * k, y * k), (x * k, (y + 4.5) * k)], fill=255)
+    return picture.fill(ground, mask.resize(ground.size, Image.LANCZOS), colour)
