@@ -1,0 +1,6 @@
+#include "Tests/Fuzz/ImageFuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzzImage(data, size, "fuzz.jpg");
+    return 0;
+}
