@@ -187,6 +187,93 @@ void ownBareBatch(benchmark::State& state) {
 }
 BENCHMARK(ownBareBatch)->Arg(sorted_run)->Arg(mixed_run)->Unit(benchmark::kMicrosecond);
 
+// With the GL driver, but with draw calls that do nothing: what the program itself and its driver spend on handing
+// 10,000 quads over. The pointers through which the draw calls go are those of libepoxy.
+
+void EPOXY_CALLSPEC drawNothing(GLenum, GLsizei, GLenum, const void*, GLint) {
+}
+void EPOXY_CALLSPEC drawNothingOften(GLenum, const GLsizei*, GLenum, const void* const*, GLsizei, const GLint*) {
+}
+
+class cWithoutDraws {
+public:
+    cWithoutDraws() {
+        epoxy_glDrawElementsBaseVertex = &drawNothing;
+        epoxy_glMultiDrawElementsBaseVertex = &drawNothingOften;
+    }
+    ~cWithoutDraws() {
+        epoxy_glDrawElementsBaseVertex = m_draw;
+        epoxy_glMultiDrawElementsBaseVertex = m_multi_draw;
+    }
+
+private:
+    decltype(epoxy_glDrawElementsBaseVertex) m_draw = epoxy_glDrawElementsBaseVertex;
+    decltype(epoxy_glMultiDrawElementsBaseVertex) m_multi_draw = epoxy_glMultiDrawElementsBaseVertex;
+};
+
+void submitRenderer(benchmark::State& state) {
+    const std::unique_ptr<cOffscreenWindow> window = cOffscreenWindow::create();
+    if (!window)
+        return state.SkipWithError("no OpenGL here");
+    const std::vector<sItem> items = makeItems(static_cast<UInt>(state.range(0)));
+    cOffscreenPlatform platform(*window);
+    cRenderer renderer(platform);
+    renderer.drawFrame(items);
+    const cWithoutDraws without_draws;
+    for (auto _ : state)
+        renderer.drawFrame(items);
+}
+BENCHMARK(submitRenderer)->Arg(sorted_run)->Arg(mixed_run)->Unit(benchmark::kMicrosecond);
+
+/// The bare way: one streamed vertex buffer, mapped and filled anew each frame, and a draw for each run of one texture.
+void submitBareBatch(benchmark::State& state) {
+    const std::unique_ptr<cOffscreenWindow> window = cOffscreenWindow::create();
+    if (!window)
+        return state.SkipWithError("no OpenGL here");
+    const std::vector<sItem> items = makeItems(static_cast<UInt>(state.range(0)));
+    cOffscreenPlatform platform(*window);
+    const cRenderer context(platform);  // gives the context and frees it
+    GLuint array = 0;
+    GLuint buffer = 0;
+    GLuint textures[texture_count];
+    glGenVertexArrays(1, &array);
+    glBindVertexArray(array);
+    glGenBuffers(1, &buffer);
+    glBindBuffer(GL_ARRAY_BUFFER, buffer);
+    glGenTextures(texture_count, textures);
+    const cWithoutDraws without_draws;
+    constexpr GLsizeiptr size = sprite_count * 4 * sizeof(Platform::sVertex);
+    for (auto _ : state) {
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+        glBufferData(GL_ARRAY_BUFFER, size, nullptr, GL_STREAM_DRAW);
+        auto* vertex = static_cast<Platform::sVertex*>(
+            glMapBufferRange(GL_ARRAY_BUFFER, 0, size, GL_MAP_WRITE_BIT | GL_MAP_INVALIDATE_BUFFER_BIT));
+        for (const sItem& item : items) {
+            const iGraphics::sSprite& sprite = item.sprite;
+            const Float us[2] = {sprite.u0, sprite.u1};
+            const Float vs[2] = {sprite.v0, sprite.v1};
+            for (UInt i = 0; i < 4; ++i)
+                *vertex++ = {sprite.corners[i].x,     sprite.corners[i].y, 0.0f,
+                             sprite.corners[i].color, us[i & 1],           vs[i >> 1]};
+        }
+        glUnmapBuffer(GL_ARRAY_BUFFER);
+        for (UInt first = 0; first < sprite_count;) {
+            UInt end = first + 1;
+            while (end < sprite_count && items[end].texture == items[first].texture)
+                ++end;
+            glBindTexture(GL_TEXTURE_2D, textures[items[first].texture]);
+            glDrawElementsBaseVertex(GL_TRIANGLES, static_cast<GLsizei>((end - first) * 6), GL_UNSIGNED_SHORT, nullptr,
+                                     static_cast<GLint>(first * 4));
+            first = end;
+        }
+        SDL_GL_SwapWindow(window->getHandle());
+    }
+    glDeleteTextures(texture_count, textures);
+    glDeleteBuffers(1, &buffer);
+    glDeleteVertexArrays(1, &array);
+}
+BENCHMARK(submitBareBatch)->Arg(sorted_run)->Arg(mixed_run)->Unit(benchmark::kMicrosecond);
+
 /// SFML's target and textures; empty where there is no display.
 struct sSfml {
     sSfml() {

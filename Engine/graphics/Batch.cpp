@@ -96,14 +96,14 @@ void cBatch::prepareQuads(const iGraphics::sSprite& sprite, UInt texture, UInt r
     m_quads_end = m_next_vertex + std::size_t{fitting} * sprite_vertices;
 }
 
-void cBatch::addGrid(const iGraphics::sSprite& sprite, UInt texture, Vector2 uv_scale, UInt render_type,
+void cBatch::addGrid(const iGraphics::sSprite& sprite, const sTextureUse& texture, UInt render_type,
                      const sPlacement& placement) {
     const UInt cells = std::clamp(sprite.tesselation, 1u, max_tesselation);
     const UInt vertices = (cells + 1) * (cells + 1);
     const UInt indices = cells * cells * sprite_indices;
-    makeRoom(sprite, texture, render_type, vertices, indices);
+    makeRoom(sprite, texture.handle, render_type, vertices, indices);
     writeGridIndices(cells);
-    writeGrid(sprite, cells, uv_scale, placement);
+    writeGrid(sprite, cells, texture.uv_scale, placement);
     m_next_vertex += vertices;
     m_next_index += indices;
     m_quads_end = m_next_vertex;

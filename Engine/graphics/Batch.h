@@ -4,10 +4,14 @@
 #include <span>
 #include <vector>
 
+#include "Engine/graphics/Texture.h"
 #include "Engine/graphics/iGraphics.h"
 #include "Engine/platform/GraphicsDevice.h"
 
 namespace Engine {
+
+/// Stands for the texture of a sprite without one.
+inline constexpr sTextureUse no_texture;
 
 /// One run of the batch with one state.
 struct sChunk {
@@ -24,6 +28,9 @@ struct sChunk {
 
 /// Where logical coordinates lie on the display: place x scale + offset, pixels.
 struct sPlacement {
+    sPlacement() = default;
+    sPlacement(Vector2 new_scale, Vector2 new_offset) : scale(new_scale), offset(new_offset), is_identity(false) {}
+
     Vector2 scale{1.0f};
     Vector2 offset{0.0f};
     Bool is_identity = true;  ///< scale 1 and offset 0: places are taken over as they are
@@ -43,12 +50,12 @@ public:
     void clear();  ///< at the beginning of a frame
     /// Writes the sprite's grid behind what is there, in a new chunk if its state differs from the current one's.
     /// A tesselation outside 1 to max_tesselation is brought to the nearer end.
-    void add(const iGraphics::sSprite& sprite, UInt texture, Vector2 uv_scale, UInt render_type,
+    void add(const iGraphics::sSprite& sprite, const sTextureUse& texture, UInt render_type,
              const sPlacement& placement) {
         if (sprite.tesselation == 1)
-            addQuad(sprite, texture, uv_scale, render_type, placement);
+            addQuad(sprite, texture, render_type, placement);
         else
-            addGrid(sprite, texture, uv_scale, render_type, placement);
+            addGrid(sprite, texture, render_type, placement);
     }
     void add(const iGraphics::sUnit& unit, UInt render_type);
     void close();  ///< at the end of a frame: the last chunk joins the list
@@ -59,13 +66,14 @@ public:
 
 private:
     // The short way of a sprite of one cell, which nearly all are: it is one with the caller's code.
-    void addQuad(const iGraphics::sSprite& sprite, UInt texture, Vector2 uv_scale, UInt render_type,
+    void addQuad(const iGraphics::sSprite& sprite, const sTextureUse& texture, UInt render_type,
                  const sPlacement& placement) {
-        if (m_next_vertex == m_quads_end || m_current.texture != texture || m_current.render_type != render_type ||
-            m_current.shader != sprite.shader || m_current.constants != sprite.constants)
-            prepareQuads(sprite, texture, render_type);
+        if (m_next_vertex == m_quads_end || m_current.texture != texture.handle ||
+            m_current.render_type != render_type || m_current.shader != sprite.shader ||
+            m_current.constants != sprite.constants)
+            prepareQuads(sprite, texture.handle, render_type);
         writeQuadIndices(static_cast<UInt>(m_next_vertex - m_chunk_begin), m_next_index);
-        writeQuad(sprite, uv_scale, placement, m_next_vertex);
+        writeQuad(sprite, texture.uv_scale, placement, m_next_vertex);
         m_next_vertex += 4;
         m_next_index += 6;
     }
@@ -73,7 +81,7 @@ private:
                           Platform::sVertex* target);
     static void writeQuadIndices(UInt first, std::uint16_t* target);
     void prepareQuads(const iGraphics::sSprite& sprite, UInt texture, UInt render_type);
-    void addGrid(const iGraphics::sSprite& sprite, UInt texture, Vector2 uv_scale, UInt render_type,
+    void addGrid(const iGraphics::sSprite& sprite, const sTextureUse& texture, UInt render_type,
                  const sPlacement& placement);
     /// Afterwards the current chunk is the sprite's and there is room for that many vertices and indices.
     void makeRoom(const iGraphics::sSprite& sprite, UInt texture, UInt render_type, UInt vertices, UInt indices);

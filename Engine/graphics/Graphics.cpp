@@ -84,7 +84,7 @@ void cGraphics::prepareParameters() {
         m_window.setFullScreen();
         m_display_width = width;
         m_display_height = height;
-        m_placement = {m_fit.scale, m_fit.border, false};
+        m_placement = {m_fit.scale, m_fit.border};
     } else {
         m_window.setWindowed(static_cast<Int>(getWidth()), static_cast<Int>(getHeight()));
         m_display_width = getWidth();

@@ -66,9 +66,7 @@ public:
     void render(const sSprite& sprite, cTexture* texture, UInt render_type) override {
         if (!m_frame_open)
             return;
-        const UInt handle = texture ? texture->getHandle() : 0;
-        const Vector2 uv_scale = texture ? Vector2(texture->getUScale(), texture->getVScale()) : Vector2(1.0f);
-        m_batch.add(sprite, handle, uv_scale, render_type, m_placement);
+        m_batch.add(sprite, texture ? texture->getUse() : no_texture, render_type, m_placement);
     }
     void render(const sSprite& sprite, const String& texture, Bool overlay) override;
     /// One line at the top left of this frame's picture, further ones below it; nothing outside an open frame.

@@ -24,7 +24,7 @@ iGraphics::sSprite makeRectangle(Vector2 from, Vector2 to, UInt color) {
 }
 
 void addBand(cBatch& batch, Vector2 from, Vector2 to) {
-    batch.add(makeRectangle(from, to, 0xFF000000), 0, Vector2(1.0f), renderOpaque, {});
+    batch.add(makeRectangle(from, to, 0xFF000000), no_texture, renderOpaque, {});
 }
 
 /// Place of a character in the font's picture, counted from the top left.
@@ -73,7 +73,7 @@ void addText(cBatch& batch, const Platform::sTextureSurface& font, std::string_v
         sprite.v0 = static_cast<Float>(row) * cell.y;
         sprite.u1 = sprite.u0 + cell.x;
         sprite.v1 = sprite.v0 + cell.y;
-        batch.add(sprite, font.handle, Vector2(1.0f), 0, {});
+        batch.add(sprite, {font.handle, Vector2(1.0f)}, 0, {});
         place.x += glyph_size.x;
     }
 }

@@ -18,8 +18,8 @@ cTexture::~cTexture() {
 /// The device takes all textures with it when it goes, and it goes before the resources do.
 void cTexture::preUpdate() {
     if (cGraphics* graphics = cGraphics::getInstance())
-        graphics->releaseResource(m_texture);
-    m_texture = 0;
+        graphics->releaseResource(m_use.handle);
+    m_use.handle = 0;
 }
 
 void cTexture::update() {
@@ -34,13 +34,13 @@ void cTexture::load(const String& name) {
     sImageInfo info;
     const Platform::sTextureSurface surface =
         cGraphics::getInstance()->getResource(file.data(), file.size(), name, info);
-    m_texture = surface.handle;
+    m_use.handle = surface.handle;
     m_surface_width = surface.width;
     m_surface_height = surface.height;
     m_width = info.width;
     m_height = info.height;
-    m_u_scale = static_cast<Float>(m_width) / static_cast<Float>(m_surface_width);
-    m_v_scale = static_cast<Float>(m_height) / static_cast<Float>(m_surface_height);
+    m_use.uv_scale.x = static_cast<Float>(m_width) / static_cast<Float>(m_surface_width);
+    m_use.uv_scale.y = static_cast<Float>(m_height) / static_cast<Float>(m_surface_height);
     m_half_texel_u = 0.5f / static_cast<Float>(m_surface_width);
     m_half_texel_v = 0.5f / static_cast<Float>(m_surface_height);
 }

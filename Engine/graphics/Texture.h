@@ -1,8 +1,15 @@
 #pragma once
 
 #include "Engine/core/Resource.h"
+#include "Engine/core/Types.h"
 
 namespace Engine {
+
+/// What drawing needs to know of a texture; as it is built, no texture at all.
+struct sTextureUse {
+    UInt handle = 0;         ///< of the device; 0 while released
+    Vector2 uv_scale{1.0f};  ///< picture size / surface size
+};
 
 /// A picture on the device, shared by name. Keeps no pixels of its own: update() reads its file again.
 ///
@@ -17,9 +24,10 @@ public:
     void preUpdate() override;
     void update() override;
 
-    UInt getHandle() const { return m_texture; }  ///< of the device; 0 while released
-    Float getUScale() const { return m_u_scale; }
-    Float getVScale() const { return m_v_scale; }
+    const sTextureUse& getUse() const { return m_use; }
+    UInt getHandle() const { return m_use.handle; }  ///< of the device; 0 while released
+    Float getUScale() const { return m_use.uv_scale.x; }
+    Float getVScale() const { return m_use.uv_scale.y; }
     Float getHalfTexelU() const { return m_half_texel_u; }
     Float getHalfTexelV() const { return m_half_texel_v; }
     UInt getSurfaceWidth() const { return m_surface_width; }
@@ -30,9 +38,7 @@ public:
 private:
     void load(const String& name);
 
-    UInt m_texture = 0;
-    Float m_u_scale = 1.0f;       ///< picture width / surface width
-    Float m_v_scale = 1.0f;       ///< picture height / surface height
+    sTextureUse m_use;
     Float m_half_texel_u = 0.0f;  ///< 0.5 / surface width
     Float m_half_texel_v = 0.0f;
     UInt m_surface_width = 0;

@@ -18,7 +18,7 @@ iGraphics::sSprite makeSprite(Float x = 0.0f, UInt tesselation = 1) {
 
 struct Batch : testing::Test {
     void add(const iGraphics::sSprite& sprite, UInt texture = 0, UInt render_type = 0) {
-        batch.add(sprite, texture, Vector2(1.0f), render_type, {});
+        batch.add(sprite, {texture, Vector2(1.0f)}, render_type, {});
     }
 
     cBatch batch;
@@ -81,7 +81,7 @@ TEST_F(Batch, mixesPlacesColoursAndTextureOverTheGrid) {
     for (int i = 0; i < 4; ++i)
         sprite.corners[i].color = colors[i];
     sprite.u0 = 0.5f;
-    batch.add(sprite, 0, {0.5f, 0.25f}, 0, {.scale = {2.0f, 2.0f}, .offset = {100.0f, 0.0f}});
+    batch.add(sprite, {0, {0.5f, 0.25f}}, 0, {{2.0f, 2.0f}, {100.0f, 0.0f}});
     batch.close();
 
     const auto vertices = batch.getVertices();
