@@ -15,9 +15,10 @@ namespace Engine {
 namespace {
 
 void readSound(const iXML& tag, const char16_t* key, cResourceRef& sound) {
+    cResourceManager& resources = *cResourceManager::getInstance();
     const String name = toNarrow(tag[key]);
-    if (!name.empty())
-        sound = cResourceRef::adopt(cResourceManager::getInstance()->getSound(name));
+    if (!name.empty() && resources.canLoad(eResourceType::sound))
+        sound = cResourceRef::adopt(resources.getSound(name));
 }
 
 /// Which of count cells a place from 0 to 1 falls into; the first one for a place that is no number.

@@ -55,6 +55,11 @@ void cResourceManager::registerLoader(eResourceType type, LOADER loader, Bool is
     m_kinds.at(static_cast<std::size_t>(type)) = {std::move(loader), is_graphics};
 }
 
+Bool cResourceManager::canLoad(eResourceType type) const {
+    const auto kind = static_cast<std::size_t>(type);
+    return kind < m_kinds.size() && m_kinds[kind].loader;
+}
+
 iResource* cResourceManager::getTexture(const String& path) {
     return getByType(path, eResourceType::texture);
 }

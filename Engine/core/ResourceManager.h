@@ -61,6 +61,8 @@ public:
 
     /// @param is_graphics  resources of the kind live on the device and are told of its resets
     void registerLoader(eResourceType type, LOADER loader, Bool is_graphics);
+    /// Has the kind a loader? Sounds have none while the program runs silent.
+    Bool canLoad(eResourceType type) const;
 
 private:
     struct sKind {

@@ -8,6 +8,8 @@
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/OverlayButton.h"
 #include "Engine/Ui/Scavenger.h"
+#include "Engine/core/MemoryFile.h"
+#include "Engine/core/XML.h"
 #include "Tests/Support/HeadlessProgram.h"
 
 namespace Engine {
@@ -252,6 +254,20 @@ TEST_F(Button, overlayLightsUpUnderTheCursorAndFollowsItsButton) {
     program.moveCursor(200.0f, 200.0f);
     program.frame();
     EXPECT_EQ(drawn(), (std::vector<Vector2>{{200.0f, 200.0f}, {200.0f, 200.0f}}));
+}
+
+TEST_F(Button, withSoundsIsSilentWhereThereIsNoSound) {
+    const String text = "<b><Sounds Click=\"sounds/click.ogg\" Hover=\"sounds/hover.ogg\"/></b>";
+    cMemoryFile file(std::vector<char>(text.begin(), text.end()));
+    const cXML xml(&file);
+    cTestButton* button = add("b", {100.0f, 100.0f});
+    button->loadXML(&xml);  // does not ask for files that nothing could play
+    button->show();
+    button->enable();
+    program.moveCursor(100.0f, 100.0f);
+    program.press();
+    program.frame();
+    EXPECT_EQ(button->getState(), eButtonState::pressed);
 }
 
 }  // namespace Engine
