@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
-#include <ctime>
 #include <iostream>
 #include <string_view>
 #include <utility>
@@ -25,13 +24,6 @@ FILE_HOLDER openForAppending(const String& file_name) {
 
 String toOpenFailure(const String& file_name) {
     return "Unable to open [" + file_name + "] log file.\n";
-}
-
-Platform::sLocalTime readSystemClock() {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    ::localtime_r(&now, &parts);
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
 }
 
 String formatNarrow(const char* format, std::va_list arguments) {
@@ -177,7 +169,7 @@ void cLogManager::setClock(std::function<Platform::sLocalTime()> clock) {
 }
 
 Platform::sLocalTime cLogManager::getLocalTime() const {
-    return m_clock ? m_clock() : readSystemClock();
+    return m_clock ? m_clock() : Platform::readSystemClock();
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include "Engine/core/String.h"
 #include "Engine/core/Types.h"
 #include "Engine/platform/InputDevice.h"
+#include "Engine/platform/LocalTime.h"
 #include "Engine/platform/Window.h"
 
 namespace Engine::Platform {
@@ -56,15 +57,6 @@ enum eVirtualKey : UInt {
 struct sMessage {
     eMessage type = eMessage::other;
     UInt param = 0;
-};
-
-struct sLocalTime {
-    Int year = 0;
-    Int month = 1;
-    Int day = 1;
-    Int hour = 0;
-    Int minute = 0;
-    Int second = 0;
 };
 
 /// All that the engine asks of the machine below it. Two platforms exist: sdl (a real window) and headless (none).

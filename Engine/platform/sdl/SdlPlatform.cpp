@@ -5,7 +5,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 #include "Engine/core/CallStack.h"
 #include "Engine/platform/GraphicsDevice.h"
@@ -200,10 +199,7 @@ void cSdlPlatform::sleep(UInt milliseconds) {
 }
 
 sLocalTime cSdlPlatform::getLocalTime() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+    return readSystemClock();
 }
 
 void cSdlPlatform::showMessageBox(const WString& title, const WString& text) {
