@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes the pictures under Data/ from the scripts beside this file.
+"""Makes the pictures and models under Data/ from the scripts beside this file.
 
     python3 Assets/build.py            all of them
     python3 Assets/build.py NAME...    only these; --list tells the names
@@ -27,6 +27,10 @@ OBJECTS = {  # name: (Blender script, what it shall render, the function of comp
     "icon": ("render_logos.py", ["icon"], "icon"),
 }
 
+UNITS = {  # name: (Blender script that writes a mesh, its animations and its texture, the folder under Data/)
+    "man": ("men/man.py", "Men"),
+}
+
 
 def missing_tools():
     """What has to be installed first, as a list of sentences."""
@@ -43,7 +47,7 @@ def missing_tools():
     return missing
 
 
-def render(script, wanted, folder):
+def run_blender(script, folder, *wanted):
     """Runs one Blender script; its output is shown only when it fails."""
     command = ["blender", "-b", "--python-exit-code", "1", "-P", os.path.join(HERE, script), "--", folder, *wanted]
     done = subprocess.run(command, capture_output=True, text=True)
@@ -54,27 +58,32 @@ def render(script, wanted, folder):
 def build(name, folder=None):
     """Makes one object; a folder that is given holds its renders already."""
     import compose
+    if name in UNITS:
+        print(name)
+        script, target = UNITS[name]
+        return run_blender(script, os.path.join(os.path.dirname(HERE), "Data", target))
     script, wanted, finish = OBJECTS[name]
     print(name)
     with tempfile.TemporaryDirectory() as fresh:
         if not folder:
-            render(script, wanted, fresh)
+            run_blender(script, fresh, *wanted)
         getattr(compose, finish)(folder or fresh)
 
 
 def main(arguments):
+    known = [*OBJECTS, *UNITS]
     if "--list" in arguments:
-        print("\n".join(OBJECTS))
+        print("\n".join(known))
         return 0
-    unknown = [a for a in arguments if a not in OBJECTS]
+    unknown = [a for a in arguments if a not in known]
     if unknown:
-        print(f"build.py: unknown object {unknown[0]}; known are {', '.join(OBJECTS)}", file=sys.stderr)
+        print(f"build.py: unknown object {unknown[0]}; known are {', '.join(known)}", file=sys.stderr)
         return 2
     missing = missing_tools()
     if missing:
         print("build.py: missing " + ", ".join(missing), file=sys.stderr)
         return 1
-    for name in arguments or OBJECTS:
+    for name in arguments or known:
         build(name)
     return 0
 

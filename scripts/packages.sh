@@ -3,7 +3,8 @@
 
 PACKAGES_BUILD="g++ cmake ninja-build ccache pkg-config
   libexpat1-dev libminizip-dev zlib1g-dev libpng-dev libjpeg62-turbo-dev libstb-dev
-  libsdl2-dev libepoxy-dev libglm-dev"
+  libsdl2-dev libepoxy-dev libglm-dev libopenal-dev libsndfile1-dev
+  libfreetype-dev libharfbuzz-dev libfribidi-dev"
 PACKAGES_RUN="libgl1 libegl1 libgl1-mesa-dri"
 PACKAGES_TEST="libgtest-dev nlohmann-json3-dev clang libclang-rt-14-dev clang-format clang-tidy"
 PACKAGES_BENCHMARK="libbenchmark-dev libxml2-dev libzip-dev libphysfs-dev libsfml-dev"

@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <glm/gtc/matrix_transform.hpp>
 #include <limits>
 
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
 #include "Engine/core/Timer.h"
+#include "Engine/graphics/Animation.h"
+#include "Engine/graphics/Texture.h"
+#include "Engine/graphics/iMesh.h"
 
 namespace Engine {
 
@@ -52,8 +56,10 @@ sDrawKey cControl::getDrawKey() const {
 }
 
 void cControl::process() {
-    if (m_is_aniblend && m_aniblend_rest > 0.0f)
+    if (m_is_aniblend && m_aniblend_rest > 0.0f) {
         m_aniblend_rest = std::max(m_aniblend_rest - cTimer::getInstance()->getStep(), 0.0f);
+        m_unit.blend = m_aniblend_rest / m_anim_blend_time;
+    }
     cView::process();
 }
 
@@ -106,15 +112,37 @@ void cControl::parentTransparenty() {
 
 void cControl::setMesh(iResource* mesh) {
     if (mesh != getMesh())
-        m_aniblend_rest = 0.0f;
+        endBlend();
     cState::setMesh(mesh);
     m_dirty = true;
 }
 
 void cControl::setAnimation(iResource* animation) {
-    m_aniblend_rest = 0.0f;
+    const Bool blends = animation && m_is_aniblend && m_anim_blend_time > 0.0f && isShown();
+    if (blends && getMesh() && getAnimation())
+        keepPose();
+    else
+        endBlend();
     cState::setAnimation(animation);
     m_dirty = true;
+}
+
+/// The pose shown now is what the next animation is blended from.
+void cControl::keepPose() {
+    const std::vector<Matrix>* bind = static_cast<iMesh*>(getMesh())->getBoneMatrices();
+    if (!bind)
+        return endBlend();
+    auto* animation = static_cast<cAnimation*>(getAnimation());
+    animation->setTime(m_anim_time, bind);
+    m_unit.saved_matrices = animation->getMatrices();
+    m_unit.blend = 1.0f;
+    m_aniblend_rest = m_anim_blend_time;
+}
+
+void cControl::endBlend() {
+    m_aniblend_rest = 0.0f;
+    m_unit.blend = 0.0f;
+    m_unit.saved_matrices.clear();
 }
 
 void cControl::setPosition(const Vector2& position) {
@@ -174,7 +202,9 @@ void cControl::makeTransform() {
     if (m_anim_time >= m_anim_length && !m_anim_loop)
         animationFinished();
     wrapAnimTime();
-    if (m_double_anim_render)
+    if (getMesh())
+        makeUnit(m_unit);
+    else if (m_double_anim_render)
         makeDoubleSprites();
     else
         makeSprite(m_sprite, getAnimFrame(), 1.0f);
@@ -209,7 +239,7 @@ void cControl::makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) c
 
     const Float cosine = std::cos(m_angle);
     const Float sine = std::sin(m_angle);
-    const Vector2 half = m_size * 0.5f;
+    const Vector2 half = m_size * Vector2(m_scale) * 0.5f;
     for (UInt i = 0; i < 4; ++i) {
         const Float x = i % 2 == 0 ? -half.x : half.x;
         const Float y = i < 2 ? -half.y : half.y;
@@ -217,6 +247,27 @@ void cControl::makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) c
         sprite.corners[i].y = m_position.y - x * sine + y * cosine;
         sprite.corners[i].color = packed;
     }
+}
+
+void cControl::makeUnit(iGraphics::sUnit& unit) const {
+    unit.mesh = static_cast<iMesh*>(getMesh());
+    unit.animation = static_cast<cAnimation*>(getAnimation());
+    unit.texture = static_cast<cTexture*>(getTexture());
+    unit.time = m_anim_time;
+    Matrix world = glm::translate(Matrix(1.0f), Vector3(m_position, 0.0f));
+    world = glm::rotate(world, m_yaw, Vector3(0.0f, 1.0f, 0.0f));
+    world = glm::rotate(world, m_pitch, Vector3(1.0f, 0.0f, 0.0f));
+    world = glm::rotate(world, m_angle, Vector3(0.0f, 0.0f, 1.0f));
+    unit.world = glm::scale(world, m_scale);
+    unit.material = {m_color, m_ambient_color, m_specular_color, m_emissive_color, m_power};
+    unit.material.diffuse.a *= getRoot()->getTransparency();
+    unit.lighting = m_lighting_enable;
+    unit.light_table = m_light_table;
+}
+
+const iGraphics::sUnit& cControl::getUnit() {
+    makeTransform();
+    return m_unit;
 }
 
 const iGraphics::sSprite& cControl::getSprite() {

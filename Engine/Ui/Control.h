@@ -33,7 +33,10 @@ public:
     void hid() override;
     void parentTransparenty() override;
 
+    /// Another mesh ends a running blend of poses.
     void setMesh(iResource* mesh) override;
+    /// With IsAniblend, while it is shown and had an animation before, the control glides from the old animation's pose
+    /// into the new one's within AnimBlendTime. Otherwise a running blend ends.
     void setAnimation(iResource* animation) override;
 
     virtual Float getAngle() const { return m_angle; }
@@ -89,6 +92,17 @@ public:
     virtual Bool isPointInside(const Vector2& point) const;
     /// An animation that does not loop is at its end.
     virtual void animationFinished() {}
+    /// Fills in everything but the pose that is blended from.
+    ///
+    /// A mesh stands with its origin at the control's position, at z 0, one of its units being one logical unit times
+    /// scale (the control's size is the area of its hit test alone). It is turned in this order: by angle about its own
+    /// upright axis, by pitch about the screen's x axis, by yaw about the screen's y axis. At pitch 0 it is seen from
+    /// straight above, its front at the lower side of the screen; at 90 degrees it stands upright on the screen, seen
+    /// from the front. A growing angle turns it clockwise as seen from above, so that it looks along (cos, sin) of
+    /// angle + 90 degrees on the ground. The map's view has a pitch of 50 degrees.
+    ///
+    /// The surface's diffuse colour is the control's, its alpha multiplied with the transparency of the root.
+    virtual void makeUnit(iGraphics::sUnit& unit) const;
     virtual void makeTransform();
     /// @param alpha  multiplied into the control's alpha and the transparency of its root
     virtual void makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) const;
@@ -96,6 +110,8 @@ public:
     const iGraphics::sSprite& getSprite();  ///< brought up to date
     /// The sprite of the next frame of the animation, as made with the last getSprite().
     const iGraphics::sSprite& getSecondSprite() const { return m_second_sprite; }
+
+    const iGraphics::sUnit& getUnit();  ///< brought up to date; of a control that has a mesh
 
     /// Adds a function that cPicture::process() calls each frame until it gives true.
     void addTask(TASK task) { m_tasks.push_back(task); }
@@ -119,6 +135,8 @@ private:
     sDrawKey getDrawKey() const;
     void wrapAnimTime();
     void makeDoubleSprites();
+    void keepPose();
+    void endBlend();
 
     Float m_angle = 0.0f;
     Vector2 m_position{0.0f, 0.0f};
@@ -126,6 +144,7 @@ private:
     UInt m_render_type = 0;
     iGraphics::sSprite m_sprite;
     iGraphics::sSprite m_second_sprite;
+    iGraphics::sUnit m_unit;
     Float m_anim_time = 0.0f;  ///< seconds
     Bool m_dirty = true;
     std::vector<TASK> m_tasks;
@@ -140,7 +159,7 @@ private:
     DXColor m_ambient_color{1, 1, 1, 1};
     DXColor m_specular_color{1, 1, 1, 1};
     DXColor m_emissive_color{1, 1, 1, 1};
-    Float m_power = 0.0f;
+    Float m_power = 7.0f;
     DXColor m_color{1, 1, 1, 1};
     Float m_aniblend_rest = 0.0f;     ///< seconds that the running blend of two poses still lasts
     Float m_anim_blend_time = 0.15f;  ///< seconds

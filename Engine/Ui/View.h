@@ -59,6 +59,7 @@ public:
     void hide();
     void enable();
     void disable();
+    void setEnabled(Bool enabled) { enabled ? enable() : disable(); }
     void absoluteEnable();
     void absoluteDisable();
     void showTransparently();     ///< fades in from the present transparency

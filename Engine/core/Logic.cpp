@@ -92,6 +92,8 @@ void cLogic::drawViews() {
 
 void cLogic::draw(cControl* control) {
     cGraphics* graphics = cGraphics::getInstance();
+    if (control->getMesh())
+        return graphics->render(control->getUnit(), control->getRenderType());
     auto* texture = static_cast<cTexture*>(control->getTexture());
     graphics->render(control->getSprite(), texture, control->getRenderType());
     if (control->isDoubleAnimRender())

@@ -8,10 +8,13 @@
 #include "Engine/core/FileManager.h"
 #include "Engine/core/ResourceManager.h"
 #include "Engine/core/Timer.h"
+#include "Engine/graphics/Animation.h"
 #include "Engine/graphics/Overlay.h"
 #include "Engine/graphics/PictureFile.h"
+#include "Engine/graphics/Shader.h"
 #include "Engine/graphics/SystemFont.h"
 #include "Engine/graphics/Texture.h"
+#include "Engine/graphics/iMesh.h"
 #include "Engine/platform/Platform.h"
 
 namespace Engine {
@@ -31,6 +34,22 @@ constexpr Int high_reference = 160;       ///< of renderAlpha160
 
 UInt toUInt(Int value) {
     return static_cast<UInt>(std::max(value, 0));
+}
+
+/// A unit without a mesh has none.
+UInt countTriangles(const iGraphics::sUnit& unit) {
+    return unit.mesh ? unit.mesh->getTriangleCount() : 0;
+}
+
+void registerLoaders(cResourceManager& resources) {
+    resources.registerLoader(
+        eResourceType::texture, [](const String& name) { return std::make_unique<cTexture>(name); }, true);
+    resources.registerLoader(
+        eResourceType::mesh, [](const String& name) { return iMesh::create(name); }, true);
+    resources.registerLoader(
+        eResourceType::animation, [](const String& name) { return std::make_unique<cAnimation>(name); }, false);
+    resources.registerLoader(
+        eResourceType::shader, [](const String& name) { return std::make_unique<cShader>(name); }, true);
 }
 
 }  // namespace
@@ -56,8 +75,7 @@ cGraphics::cGraphics(Platform::iPlatform& platform, Platform::iWindow& window)
     setupDevice();
     m_font = Overlay::createFontTexture(*m_device);
     if (cResourceManager* resources = cResourceManager::getInstance())
-        resources->registerLoader(
-            eResourceType::texture, [](const String& name) { return std::make_unique<cTexture>(name); }, true);
+        registerLoaders(*resources);
 }
 
 cGraphics::~cGraphics() {
@@ -98,8 +116,11 @@ void cGraphics::prepareParameters() {
 void cGraphics::setupDevice() {
     ENGINE_MARK;
     constexpr Float depth = 8000.0f;
-    m_device->setProjection(glm::ortho(0.0f, static_cast<Float>(m_display_width), static_cast<Float>(m_display_height),
-                                       0.0f, -depth, depth));
+    // z grows towards the viewer on both sides of it.
+    const Matrix projection = glm::orthoLH(0.0f, static_cast<Float>(m_display_width),
+                                           static_cast<Float>(m_display_height), 0.0f, -depth, depth);
+    const Matrix placed = glm::translate(projection, Vector3(m_placement.offset, 0.0f));
+    m_device->setProjection(projection, glm::scale(placed, Vector3(m_placement.scale, 1.0f)));
     m_alpha_reference = 0;
 }
 
@@ -169,6 +190,7 @@ void cGraphics::endRender() {
     m_device->writeBatch(m_batch.getVertices(), m_batch.getIndices());
     m_device->clear(getClearColor());
     m_device->beginScene();
+    m_last_unit_place.reset();
     renderScene(m_batch.getChunks().first(scene_size));
     renderScene(m_batch.getChunks().subspan(scene_size));
     m_device->endScene();
@@ -180,7 +202,8 @@ UInt cGraphics::getClearColor() const {
     return m_parameters.show_triangles ? 0xFF000000 : toPackedColor(m_parameters.back_color);
 }
 
-sDrawState cGraphics::makeState(UInt render_type) const {
+sDrawState cGraphics::makeState(const sChunk& chunk) const {
+    const UInt render_type = chunk.render_type;
     sDrawState state{.wireframe = m_parameters.show_triangles, .alpha_reference = m_alpha_reference};
     if (render_type & (renderMultiply | renderMultiplyBlend))
         state.blend = eBlend::multiply;
@@ -188,7 +211,7 @@ sDrawState cGraphics::makeState(UInt render_type) const {
         state.magnify = state.minify = eFilter::linear;
     if (render_type & renderAnisotropic)
         state.magnify = state.minify = eFilter::anisotropic;
-    if (m_parameters.fullscreen)  // smooths what is scaled up, whatever the render type chose
+    if (m_parameters.fullscreen && !chunk.unit)  // smooths what is scaled up, whatever the render type chose
         state.magnify = (render_type & renderMultiply) ? eFilter::point : eFilter::anisotropic;
     return state;
 }
@@ -197,7 +220,59 @@ void cGraphics::drawMask(const sChunk& chunk, sDrawState state) {
     state.blend = eBlend::keep;
     state.stencil = eStencil::write;
     state.alpha_reference = mask_reference;
-    m_device->draw(state, {chunk.texture, chunk.first_index, chunk.triangles, chunk.first_vertex, chunk.vertices});
+    drawChunk(chunk, state);
+}
+
+void cGraphics::drawChunk(const sChunk& chunk, const sDrawState& state) {
+    if (chunk.unit)
+        drawUnit(*chunk.unit, state);
+    else
+        m_device->draw(state, {chunk.texture, chunk.first_index, chunk.triangles, chunk.first_vertex, chunk.vertices});
+}
+
+// Units ------------------------------------------------------------------------------------------------------------
+
+void cGraphics::drawUnit(const sUnit& unit, const sDrawState& state) {
+    if (countTriangles(unit) == 0)
+        return;
+    const Bool is_mask = state.stencil == eStencil::write;
+    const Vector2 place(unit.world[3]);
+    m_device->drawUnit(state, {.vertex_buffer = unit.mesh->getVertexBuffer(),
+                               .index_buffer = unit.mesh->getIndexBuffer(),
+                               .format = unit.mesh->getFormat(),
+                               .triangles = unit.mesh->getTriangleCount(),
+                               .texture = unit.texture ? unit.texture->getHandle() : 0,
+                               .world = makePalette(unit, is_mask),
+                               .material = &unit.material,
+                               .lights = findLights(unit),
+                               .same_body = m_last_unit_place == place});
+    m_last_unit_place = place;
+}
+
+/// The unit's matrices from the mesh to the logical screen: one for each bone of a mesh that is moved, else one. The
+/// mask is that of the new pose alone.
+std::span<const Matrix> cGraphics::makePalette(const sUnit& unit, Bool is_mask) {
+    const std::vector<Matrix>* bind = unit.mesh->getBoneMatrices();
+    if (!bind || !unit.animation) {
+        m_palette.assign(1, unit.world);
+        return m_palette;
+    }
+    unit.animation->setTime(unit.time, bind);
+    const std::vector<Matrix>& pose = unit.animation->getMatrices();
+    const std::vector<Matrix>& saved = unit.saved_matrices;
+    m_palette.assign(bind->size(), unit.world);
+    for (std::size_t i = 0; i < std::min(m_palette.size(), pose.size()); ++i) {
+        if (!is_mask && unit.blend > 0.0f && i < saved.size())
+            m_palette[i] = unit.world * (saved[i] * unit.blend + pose[i] * (1.0f - unit.blend));
+        else
+            m_palette[i] = unit.world * pose[i];
+    }
+    return m_palette;
+}
+
+const sLightConfig* cGraphics::findLights(const sUnit& unit) const {
+    const Bool exists = unit.light_table < m_parameters.light_configs.size();
+    return unit.lighting && exists ? &m_parameters.light_configs[unit.light_table] : nullptr;
 }
 
 /// A chunk that is masked but writes no mask is drawn with the alpha reference of the chunk before it: only the other
@@ -209,10 +284,10 @@ void cGraphics::renderScene(std::span<const sChunk> chunks) {
             m_alpha_reference = 0;
         else if (!(type & renderMasked))
             m_alpha_reference = (type & renderAlpha160) ? high_reference : 0;
-        if (chunk.triangles == 0)
+        if (chunk.triangles == 0 && !chunk.unit)
             continue;
 
-        sDrawState state = makeState(type);
+        sDrawState state = makeState(chunk);
         if (type & renderMaskWriter)
             drawMask(chunk, state);
         if (type & renderMasked)
@@ -221,15 +296,17 @@ void cGraphics::renderScene(std::span<const sChunk> chunks) {
             state.blend = eBlend::none;
             state.alpha_reference = sDrawState::no_alpha_test;
         }
-        m_device->draw(state, {chunk.texture, chunk.first_index, chunk.triangles, chunk.first_vertex, chunk.vertices});
+        drawChunk(chunk, state);
     }
 }
 
 /// Triangles that the scene draws: a mask is drawn as well as what writes it.
-UInt cGraphics::countTriangles() const {
+UInt cGraphics::countSceneTriangles() const {
     UInt res = 0;
-    for (const sChunk& chunk : m_batch.getChunks())
-        res += chunk.triangles * ((chunk.render_type & renderMaskWriter) ? 2 : 1);
+    for (const sChunk& chunk : m_batch.getChunks()) {
+        const UInt triangles = chunk.unit ? countTriangles(*chunk.unit) : chunk.triangles;
+        res += triangles * ((chunk.render_type & renderMaskWriter) ? 2 : 1);
+    }
     return res;
 }
 
@@ -258,7 +335,7 @@ void cGraphics::addOverlay() {
     if (m_parameters.show_fps && cTimer::getInstance())
         add("FPS: %.1f ", static_cast<Double>(cTimer::getInstance()->getFps()));
     if (m_parameters.show_triangles)
-        add("Triangles: %u ", countTriangles());
+        add("Triangles: %u ", countSceneTriangles());
     if (m_parameters.show_cursor_pos) {
         Float rect[4];
         getWindowRect(rect);

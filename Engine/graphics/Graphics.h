@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "Engine/core/Singleton.h"
@@ -30,7 +32,11 @@ struct sScreenFit {
 };
 
 /// The renderer: packs the sprites of a frame into one batch, cut into chunks of one state each, and draws the chunks
-/// in order at the frame's end.
+/// in order at the frame's end. A unit is a chunk by itself.
+///
+/// Units are bodies in a flat picture: what is handed in later covers what was handed in before, as with sprites. Depth
+/// decides only within a unit, and between units that follow each other at the same place of the screen, as a man and
+/// the tool in his hand.
 ///
 /// A frame is beginRender(), any number of render(), endRender(); the picture is shown by the next beginRender(). While
 /// the device is lost the frame stays closed and render() does nothing.
@@ -84,6 +90,10 @@ public:
     /// An empty texture.
     Platform::sTextureSurface getResource(UInt width, UInt height);
     void releaseResource(UInt texture) { m_device->releaseTexture(texture); }
+    /// The vertices of a mesh, or its indices. Throws what the device throws.
+    UInt getResource(std::span<const std::uint8_t> vertices) { return m_device->createVertexBuffer(vertices); }
+    UInt getResource(std::span<const std::uint16_t> indices) { return m_device->createIndexBuffer(indices); }
+    void releaseBuffer(UInt buffer) { m_device->releaseBuffer(buffer); }
 
     void saveGraphicsParameters();
     void getGraphicsParameters();
@@ -100,11 +110,15 @@ private:
     Bool presentLast();
     void addOverlay();
     void addOverlayLine(std::string_view text);
-    UInt countTriangles() const;
+    UInt countSceneTriangles() const;
     UInt getClearColor() const;
     void renderScene(std::span<const sChunk> chunks);
     void drawMask(const sChunk& chunk, Platform::sDrawState state);
-    Platform::sDrawState makeState(UInt render_type) const;
+    void drawChunk(const sChunk& chunk, const Platform::sDrawState& state);
+    void drawUnit(const sUnit& unit, const Platform::sDrawState& state);
+    std::span<const Matrix> makePalette(const sUnit& unit, Bool is_mask);
+    const sLightConfig* findLights(const sUnit& unit) const;
+    Platform::sDrawState makeState(const sChunk& chunk) const;
     String makeScreenshotName() const;
 
     Platform::iPlatform& m_platform;
@@ -119,7 +133,9 @@ private:
     cBatch m_batch;
     std::vector<char> m_lines;  ///< texts of this frame, each ended by '\n'
     Platform::sTextureSurface m_font;
-    Int m_alpha_reference = 0;  ///< stays from chunk to chunk where a render type does not say it
+    std::vector<Matrix> m_palette;             ///< of the unit being drawn
+    std::optional<Vector2> m_last_unit_place;  ///< of the unit drawn before it in this frame
+    Int m_alpha_reference = 0;                 ///< stays from chunk to chunk where a render type does not say it
 
     Bool m_presented = true;  ///< nothing is drawn that is not shown yet
     Bool m_reset_pending = false;

@@ -8,9 +8,9 @@ namespace Engine {
 
 namespace {
 
-constexpr Int max_side = 8192;            ///< of the logical screen, units
-constexpr UInt max_reserve = 256 * 1024;  ///< sprites; some 30 MB
-constexpr Int max_lights = 64;            ///< configurations, and lights of each
+constexpr Int max_side = 8192;                                          ///< of the logical screen, units
+constexpr UInt max_reserve = 256 * 1024;                                ///< sprites; some 30 MB
+constexpr Int max_lights = static_cast<Int>(sLightConfig::max_lights);  ///< and as many configurations
 
 void readSide(cSettings& settings, const char* name, UInt& side) {
     Int value = 0;

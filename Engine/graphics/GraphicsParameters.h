@@ -3,31 +3,9 @@
 #include <vector>
 
 #include "Engine/core/Types.h"
+#include "Engine/graphics/Lighting.h"
 
 namespace Engine {
-
-/// One light of a configuration.
-struct sLight {
-    Int type = 0;  ///< 1 point, 2 spot, 3 directional
-    DXColor diffuse;
-    DXColor specular;
-    DXColor ambient;
-    Vector3 position{0.0f};
-    Vector3 direction{0.0f};
-    Float range = 0.0f;
-    Float falloff = 0.0f;
-    Float attenuation0 = 0.0f;
-    Float attenuation1 = 0.0f;
-    Float attenuation2 = 0.0f;
-    Float theta = 0.0f;  ///< inner cone, radians
-    Float phi = 0.0f;    ///< outer cone, radians
-};
-
-/// The lights that a unit's light_table names.
-struct sLightConfig {
-    DXColor ambient;
-    std::vector<sLight> lights;
-};
 
 /// What the renderer reads from the settings (the first four) and the constants, section "graphics" of each; the
 /// lights from the constants' sections "lightConfig" and "lights0", "lights1" and so on.

@@ -4,6 +4,7 @@
 
 #include "Engine/core/String.h"
 #include "Engine/core/Types.h"
+#include "Engine/graphics/Lighting.h"
 
 namespace Engine {
 
@@ -41,9 +42,9 @@ public:
 
     /// One textured quad of any four-sided shape.
     struct sSprite {
-        sCorner corners[4];    ///< top left, top right, bottom left, bottom right of the texture rectangle
-        UInt tesselation = 1;  ///< cells per side: (n + 1)^2 vertices, 2 n^2 triangles
-        cShader* shader = nullptr;
+        sCorner corners[4];         ///< top left, top right, bottom left, bottom right of the texture rectangle
+        UInt tesselation = 1;       ///< cells per side: (n + 1)^2 vertices, 2 n^2 triangles
+        cShader* shader = nullptr;  ///< parts sprites into chunks; it is not run (Shader.h)
         Float u0 = 0.0f;
         Float v0 = 0.0f;
         Float u1 = 1.0f;
@@ -51,26 +52,18 @@ public:
         const std::vector<glm::vec4>* constants = nullptr;  ///< of the shader; outlives the frame
     };
 
-    struct sMaterial {
-        DXColor diffuse{1, 1, 1, 1};
-        DXColor ambient{1, 1, 1, 1};
-        DXColor specular{1, 1, 1, 1};
-        DXColor emissive{1, 1, 1, 1};
-        Float power = 7.0f;
-    };
-
     /// One mesh, still or moved by an animation.
     struct sUnit {
         iMesh* mesh = nullptr;
         cAnimation* animation = nullptr;
         cTexture* texture = nullptr;
-        Float time = 0.0f;  ///< of the animation, seconds
-        Matrix world{1.0f};
-        sMaterial material;
+        Float time = 0.0f;   ///< of the animation, seconds
+        Matrix world{1.0f};  ///< from the mesh to the logical screen: x right, y down, z towards the viewer
+        sMaterial material{};
         Bool lighting = false;
-        UInt light_table = 0;
-        std::vector<Matrix> saved_matrices;  ///< the pose to blend from
-        Float blend = 0.0f;                  ///< weight of that pose
+        UInt light_table = 0;  ///< configuration of the constants; one that is not there leaves the unit unlit
+        std::vector<Matrix> saved_matrices{};  ///< the pose to blend from
+        Float blend = 0.0f;                    ///< weight of that pose
     };
 
     virtual ~iGraphics() = default;

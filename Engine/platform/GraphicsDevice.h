@@ -8,7 +8,9 @@
 
 namespace Engine {
 struct sImage;
-}
+struct sLightConfig;
+struct sMaterial;
+}  // namespace Engine
 
 namespace Engine::Platform {
 
@@ -64,6 +66,25 @@ struct sDrawRun {
     UInt vertices = 0;
 };
 
+/// One mesh, drawn as it is or moved by its bones.
+///
+/// Depth counts within a body alone, nearer to the viewer being the larger z: a unit covers all units before it that
+/// are not of its own body, wherever they stand, and sprites take no part. Of a face only the side is seen from which
+/// its corners go round clockwise. A unit that writes the mask marks all its pixels and leaves depth as it is.
+struct sUnitDraw {
+    UInt vertex_buffer = 0;
+    UInt index_buffer = 0;
+    UInt format = 0;  ///< of the vertices, one of mesh_formats
+    UInt triangles = 0;
+    UInt texture = 0;  ///< handle; 0 draws with the material alone
+    /// From the mesh to the logical screen: one matrix, or one for each bone of a mesh with bones. Their last rows
+    /// count as 0, 0, 0, 1.
+    std::span<const Matrix> world;
+    const sMaterial* material = nullptr;
+    const sLightConfig* lights = nullptr;  ///< Engine/graphics/Lighting.h tells what they do; null: lighting off
+    Bool same_body = false;                ///< as the unit before it
+};
+
 /// A surface made by the device. Its size is the picture's own unless the device had to round it up.
 struct sTextureSurface {
     UInt handle = 0;
@@ -77,12 +98,12 @@ enum class eDeviceState {
     notReset,  ///< can be drawn on again after reset()
 };
 
-/// What the renderer asks of the display below it: textures, one batch of vertices and indices a frame, and runs of it
-/// drawn with a state.
+/// What the renderer asks of the display below it: textures, meshes, one batch of vertices and indices a frame, and
+/// runs of it and meshes drawn with a state.
 ///
-/// A frame is writeBatch(), clear(), beginScene(), any number of draw(), endScene(); present() shows it. Draws appear
-/// in the order in which they were asked for, though a device may hold them back until endScene() to send fewer,
-/// larger ones. Handles stay valid over reset(). Failures throw a String that says which operation failed.
+/// A frame is writeBatch(), clear(), beginScene(), any number of draw() and drawUnit(), endScene(); present() shows it.
+/// Draws appear in the order in which they were asked for, though a device may hold them back until endScene() to send
+/// fewer, larger ones. Handles stay valid over reset(). Failures throw a String that says which operation failed.
 class iGraphicsDevice {
 public:
     virtual ~iGraphicsDevice() = default;
@@ -104,8 +125,15 @@ public:
     virtual sTextureSurface createTexture(UInt width, UInt height, const std::uint8_t* pixels) = 0;
     virtual void releaseTexture(UInt handle) = 0;  ///< 0 does nothing
 
-    /// projection * position is the place in -1 to 1, y up.
-    virtual void setProjection(const Matrix& projection) = 0;
+    /// Vertices of meshes, in one of mesh_formats, and their indices. Throws "A buffer of <size> bytes can't be
+    /// created."
+    virtual UInt createVertexBuffer(std::span<const std::uint8_t> vertices) = 0;
+    virtual UInt createIndexBuffer(std::span<const std::uint16_t> indices) = 0;
+    virtual void releaseBuffer(UInt handle) = 0;  ///< of either kind; 0 does nothing
+
+    /// projection * position is the place in -1 to 1, y up and z towards the viewer. Sprites lie on the display, units
+    /// on the logical screen.
+    virtual void setProjection(const Matrix& sprites, const Matrix& units) = 0;
 
     /// The vertices and indices of this frame; copied before it returns.
     virtual void writeBatch(std::span<const sVertex> vertices, std::span<const std::uint16_t> indices) = 0;
@@ -113,6 +141,8 @@ public:
     virtual void clear(UInt color) = 0;
     virtual void beginScene() = 0;
     virtual void draw(const sDrawState& state, const sDrawRun& run) = 0;
+    /// What the unit points to is copied before it returns.
+    virtual void drawUnit(const sDrawState& state, const sUnitDraw& unit) = 0;
     virtual void endScene() = 0;
 
     /// The picture drawn last, between endScene() and present(). False where there are no pixels.

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "Engine/graphics/Lighting.h"
 #include "Engine/platform/headless/HeadlessGraphicsDevice.h"
 #include "Engine/platform/headless/HeadlessPlatform.h"
 
@@ -13,7 +14,16 @@ public:
         Engine::Platform::sDrawRun run;
     };
 
+    /// A unit as it was handed in; its world lies in the record.
+    struct sUnit {
+        Engine::Platform::sDrawState state;
+        Engine::Platform::sUnitDraw draw;
+        std::vector<Engine::Matrix> world;
+        Engine::sMaterial material;
+    };
+
     std::vector<sDraw> draws;  ///< of the last picture
+    std::vector<sUnit> units;  ///< of the last picture
     std::vector<Engine::Platform::sVertex> vertices;
     std::vector<std::uint16_t> indices;
     Engine::UInt clear_color = 0;
@@ -49,11 +59,16 @@ public:
     void clear(Engine::UInt color) override {
         cHeadlessGraphicsDevice::clear(color);
         draws.clear();
+        units.clear();
         clear_color = color;
     }
     void draw(const Engine::Platform::sDrawState& draw_state, const Engine::Platform::sDrawRun& run) override {
         cHeadlessGraphicsDevice::draw(draw_state, run);
         draws.push_back({draw_state, run});
+    }
+    void drawUnit(const Engine::Platform::sDrawState& draw_state, const Engine::Platform::sUnitDraw& unit) override {
+        cHeadlessGraphicsDevice::drawUnit(draw_state, unit);
+        units.push_back({draw_state, unit, {unit.world.begin(), unit.world.end()}, *unit.material});
     }
 };
 

@@ -11,6 +11,7 @@
 #include "Engine/core/FileManager.h"
 #include "Engine/core/XML.h"
 #include "Tests/Support/TempDirectory.h"
+#include "Tests/Support/UnitFiles.h"
 
 namespace Engine {
 
@@ -70,6 +71,17 @@ TEST_F(Datatool, inspectsWhatItKnowsByItsBytes) {
     EXPECT_EQ(document["children"][0]["text"], "x");
     EXPECT_EQ(inspect("@p.bin")["members"][0]["size"], 5);
     EXPECT_EQ(inspect("@log.xml")["resources"][0]["path"], "a.png");
+
+    const std::string mesh = UnitFiles::makeMesh({{{-1, 2, 3}}, {{4, 5, 6}}}, {0, 1, 0});
+    directory.write("m.bin", mesh);
+    EXPECT_EQ(inspect("@m.bin")["triangles"], 1);
+    EXPECT_EQ(inspect("@m.bin")["high"][2], 6.0);
+    directory.write("a.bin", UnitFiles::makeAnimation(1.5f, {{}, {0, {{}, {}}}}));
+    EXPECT_EQ(inspect("@a.bin")["length"], 1.5);
+    EXPECT_TRUE(inspect("@a.bin")["bones"][0]["parent"].is_null());
+    EXPECT_EQ(inspect("@a.bin")["bones"][1]["keys"], 2);
+    directory.write("m.bin", mesh.substr(0, 40));
+    EXPECT_EQ(run("inspect @m.bin").err, "datatool: " + directory.getPath() + "m.bin: Unexpected end of source\n");
 
     for (const char* bytes : {"", "hello", "\x89PNG"}) {
         directory.write("strange", bytes);
@@ -172,15 +184,18 @@ TEST_F(Datatool, findsWhatTheGameWouldStumbleOver) {
     directory.write("bad/cut.pack", "PK\3\4");
     directory.writePack("bad/odd.pack", {{"../x.txt", ""}, {"y.xml", "<y"}, {"sys/constants.xml", "<c><game/></c>"}});
     directory.write("bad/reslog.xml", R"(<ResourceLog><Tag Path="no.png" Type="0"/></ResourceLog>)");
+    directory.write("bad/ui.xml",
+                    R"(<ui><Panel><Back Picture="PIC.png" Font="no.fnt" String="no file."/></Panel></ui>)");
     const sResult found = run("check @bad");
     EXPECT_EQ(found.status, 1);
-    for (const char* line : {"Broken.xml: no element found line 1",
-                             "pic.png: Image \"pic.png\": ", "one.TXT: the same name as \"One.txt\"",
-                             "cut.pack: ", "odd.pack/../x.txt: the name leads out", "odd.pack/y.xml: unclosed token",
-                             "reslog.xml: names \"no.png\"", "sys/settings.xml: is missing",
-                             "odd.pack/sys/constants.xml: tag \"game\" has no \"app_directory\""})
+    for (const char* line :
+         {"Broken.xml: no element found line 1",
+          "pic.png: Image \"pic.png\": ", "one.TXT: the same name as \"One.txt\"",
+          "cut.pack: ", "odd.pack/../x.txt: the name leads out", "odd.pack/y.xml: unclosed token",
+          "reslog.xml: tag \"Tag\" names \"no.png\"", "ui.xml: tag \"Back\" names \"no.fnt\"",
+          "sys/settings.xml: is missing", "odd.pack/sys/constants.xml: tag \"game\" has no \"app_directory\""})
         EXPECT_NE(found.out.find(line), String::npos) << line << "\nin\n" << found.out;
-    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 9) << found.out;
+    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 10) << found.out;
     EXPECT_EQ(run("check @none").status, 1);
 }
 

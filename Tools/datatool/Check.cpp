@@ -8,10 +8,11 @@
 #include "Engine/core/FileNames.h"
 #include "Engine/core/ResourceManager.h"
 #include "Engine/core/ZipFile.h"
+#include "Engine/graphics/Animation.h"
+#include "Engine/graphics/iMesh.h"
 #include "Engine/graphics/image/Image.h"
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
-#include "Tools/datatool/ResourceLog.h"
 
 namespace Datatool {
 
@@ -37,9 +38,9 @@ public:
     bool run() {
         walkDirectory(m_directory, true, [this](const String& name) { checkLoose(name); });
         checkNeeded();
-        for (const auto& [path, log] : m_named) {
-            if (!m_files.contains(toFileKey(path)))
-                find(log, "names \"" + path + "\", which is no file");
+        for (const sNaming& naming : m_named) {
+            if (!m_files.contains(toFileKey(naming.path)))
+                find(naming.document, "tag \"" + naming.tag + "\" names \"" + naming.path + "\", which is no file");
         }
         return m_is_clean;
     }
@@ -110,6 +111,10 @@ private:
                 checkDocument(label, name, *readXML(label, *file));
             else if (type == eResourceType::texture)
                 checkImage(name, *file);
+            else if (type == eResourceType::mesh)
+                checkMesh(label, *file);
+            else if (type == eResourceType::animation)
+                checkAnimation(label, *file);
             else
                 readThrough(*file);
         });
@@ -118,6 +123,16 @@ private:
     void checkImage(const String& name, iFile& file) {
         const BYTES bytes = readAll(file);
         decodeImage(bytes.data(), bytes.size(), name);
+    }
+
+    void checkMesh(const String& label, iFile& file) {
+        const BYTES bytes = readAll(file);
+        iMesh::create(label, reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    }
+
+    void checkAnimation(const String& label, iFile& file) {
+        const BYTES bytes = readAll(file);
+        cAnimation(label, reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     }
 
     /// A member whose bytes are damaged says so while it is read.
@@ -130,11 +145,22 @@ private:
     void checkDocument(const String& label, const String& name, const cXML& document) {
         if (toFileKey(name) == constants_file)
             checkConstants(label, document);
-        std::vector<sLogEntry> entries;
-        if (!readResourceLog(document, entries))
-            return;
-        for (const sLogEntry& entry : entries)
-            m_named.emplace_back(entry.path, label);
+        collectNames(label, "", document);
+    }
+
+    /// Every attribute that ends like a file which the game can load is taken for the name of one.
+    void collectNames(const String& label, const String& tag, const iXML& xml) {
+        for (UInt i = 0; i < xml.getAttributeCount(); ++i) {
+            const String value = toNarrow(WString(xml.getAttribute(i).value));
+            if (value.size() <= max_path && toResourceType(value) != eResourceType::none)
+                m_named.push_back({value, label, tag});
+        }
+        for (UInt i = 0; i < xml.getTagCount(); ++i) {
+            iXML* child = nullptr;
+            String name;
+            xml.get(i, child, &name);
+            collectNames(label, name, *child);
+        }
     }
 
     /// Without these the game does not even start.
@@ -152,10 +178,19 @@ private:
             find(label, "tag \"game\" has no \"app_directory\"; the game needs it to start");
     }
 
-    String m_directory;                              ///< with a trailing "/"
-    std::map<String, String> m_loose;                ///< loose files by key
-    std::set<String> m_files;                        ///< keys of all files
-    std::vector<std::pair<String, String>> m_named;  ///< a file's name and the resource log that names it
+    /// Where a document names a file.
+    struct sNaming {
+        String path;
+        String document;
+        String tag;  ///< empty for the root
+    };
+
+    static constexpr std::size_t max_path = 260;  ///< bytes; a longer text is no name
+
+    String m_directory;                ///< with a trailing "/"
+    std::map<String, String> m_loose;  ///< loose files by key
+    std::set<String> m_files;          ///< keys of all files
+    std::vector<sNaming> m_named;
     bool m_is_clean = true;
 };
 

@@ -6,6 +6,7 @@
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
 #include "Tools/datatool/ResourceLog.h"
+#include "Tools/datatool/Units.h"
 
 namespace Datatool {
 
@@ -98,6 +99,8 @@ void inspect(const String& file) {
     JSON json{{"file", static_cast<std::string>(file)}};
     if (beginsWith(head, "PK\3\4") || beginsWith(head, "PK\5\6"))
         json.update(inspectPack(file));
+    else if (isUnitFile(head))
+        json.update(inspectUnit(file, readAll(*openFile(file))));
     else if (looksLikeDocument(head))
         json.update(inspectDocument(file, *opened, beginsWith(head, ">")));
     else

@@ -11,7 +11,7 @@ void cDrawGroups::clear() {
 
 /// True if the last group can take the run; the group then knows its texture.
 Bool cDrawGroups::joinLast(const sDrawState& state, const sDrawRun& run) {
-    if (m_groups.empty() || m_groups.back().state != state)
+    if (m_groups.empty() || m_groups.back().state != state || m_groups.back().unit != sDrawGroup::no_unit)
         return false;
     sDrawGroup& group = m_groups.back();
     const auto end = group.textures + group.texture_count;
@@ -30,6 +30,12 @@ void cDrawGroups::add(const sDrawState& state, const sDrawRun& run) {
     }
     ++m_groups.back().run_count;
     m_runs.push_back(run);
+}
+
+void cDrawGroups::addUnit(const sDrawState& state, UInt texture, UInt unit) {
+    m_groups.push_back(
+        {.state = state, .first_run = static_cast<UInt>(m_runs.size()), .texture_count = 1, .unit = unit});
+    m_groups.back().textures[0] = texture;
 }
 
 Bool cDrawGroups::fillSlots(std::span<UInt> slots) const {

@@ -7,14 +7,16 @@
 
 namespace Engine::Platform {
 
-/// Neighbouring runs that one call can draw: of one state, and of no more textures than are bound at once.
+/// Neighbouring runs that one call can draw: of one state, and of no more textures than are bound at once. Or one unit.
 struct sDrawGroup {
     static constexpr UInt max_textures = 8;
+    static constexpr UInt no_unit = 0xFFFFFFFF;
 
     sDrawState state;
     UInt first_run = 0;
     UInt run_count = 0;
     UInt texture_count = 0;
+    UInt unit = no_unit;               ///< place of the unit among the frame's units
     UInt textures[max_textures] = {};  ///< handles; a vertex's slot is its texture's place here
 };
 
@@ -27,6 +29,8 @@ class cDrawGroups {
 public:
     void clear();
     void add(const sDrawState& state, const sDrawRun& run);
+    /// @param unit  place among the frame's units
+    void addUnit(const sDrawState& state, UInt texture, UInt unit);
 
     std::span<const sDrawGroup> getGroups() const { return m_groups; }
     std::span<const sDrawRun> getRuns(const sDrawGroup& group) const {

@@ -61,6 +61,7 @@ cGlDevice::cGlDevice(SDL_Window* window) : m_window(window), m_context(createAny
     m_max_texture_size = static_cast<UInt>(size);
     m_single.emplace(1u);
     m_multi.emplace(sDrawGroup::max_textures);
+    m_units.emplace();
     createBuffers();
     const std::uint8_t white[] = {255, 255, 255, 255};
     m_white = createTexture(1, 1, white).handle;
@@ -79,6 +80,7 @@ cGlDevice::~cGlDevice() {
     glDeleteVertexArrays(1, &m_vertex_array);
     m_single.reset();
     m_multi.reset();
+    m_units.reset();
 }
 
 String cGlDevice::getDescription() const {
@@ -169,6 +171,7 @@ void cGlDevice::clear(UInt color) {
 
 void cGlDevice::beginScene() {
     m_draws.clear();
+    m_units->clear();
 }
 
 void cGlDevice::endScene() {
@@ -177,15 +180,43 @@ void cGlDevice::endScene() {
         glBindBuffer(GL_ARRAY_BUFFER, m_slot_buffer);
         stream(GL_ARRAY_BUFFER, m_slots.data(), m_slots.size() * sizeof(UInt));
     }
+    m_units->send();
     for (const sDrawGroup& group : m_draws.getGroups())
         drawGroup(group);
+    switchTo2D();
+}
+
+void cGlDevice::switchTo2D() {
+    if (!m_in_3d)
+        return;
+    m_in_3d = false;
+    m_units->end();
+    glBindVertexArray(m_vertex_array);
+}
+
+void cGlDevice::switchTo3D() {
+    if (m_in_3d)
+        return;
+    m_in_3d = true;
+    m_units->begin();
 }
 
 void cGlDevice::drawGroup(const sDrawGroup& group) {
-    const Bool multi = group.texture_count > 1;
-    (multi ? *m_multi : *m_single).use(m_projection, group.state.alpha_reference);
     applyState(group.state);
     bindTextures(group);
+    if (group.unit == sDrawGroup::no_unit) {
+        switchTo2D();
+        drawSprites(group);
+    } else {
+        switchTo3D();
+        const Float pixel = 2.0f / (m_unit_projection[0][0] * static_cast<Float>(m_width));
+        m_units->draw(group.unit, group.state, m_unit_projection, pixel);
+    }
+}
+
+void cGlDevice::drawSprites(const sDrawGroup& group) {
+    const Bool multi = group.texture_count > 1;
+    (multi ? *m_multi : *m_single).use(m_projection, group.state.alpha_reference);
     if (canDrawWithBase())
         drawRuns(m_draws.getRuns(group));
     else

@@ -7,6 +7,7 @@
 #include "Engine/platform/GraphicsDevice.h"
 #include "Engine/platform/sdl/DrawGroups.h"
 #include "Engine/platform/sdl/GlProgram.h"
+#include "Engine/platform/sdl/GlUnits.h"
 
 struct SDL_Window;
 
@@ -32,11 +33,24 @@ public:
     UInt getMaxTextureSize() const override { return m_max_texture_size; }
     sTextureSurface createTexture(UInt width, UInt height, const std::uint8_t* pixels) override;
     void releaseTexture(UInt handle) override;
-    void setProjection(const Matrix& projection) override { m_projection = projection; }
+    UInt createVertexBuffer(std::span<const std::uint8_t> vertices) override {
+        return m_units->createBuffer(vertices.data(), vertices.size_bytes());
+    }
+    UInt createIndexBuffer(std::span<const std::uint16_t> indices) override {
+        return m_units->createBuffer(indices.data(), indices.size_bytes());
+    }
+    void releaseBuffer(UInt handle) override { m_units->releaseBuffer(handle); }
+    void setProjection(const Matrix& sprites, const Matrix& units) override {
+        m_projection = sprites;
+        m_unit_projection = units;
+    }
     void writeBatch(std::span<const sVertex> vertices, std::span<const std::uint16_t> indices) override;
     void clear(UInt color) override;
     void beginScene() override;
     void draw(const sDrawState& state, const sDrawRun& run) override { m_draws.add(state, run); }
+    void drawUnit(const sDrawState& state, const sUnitDraw& unit) override {
+        m_draws.addUnit(state, unit.texture, m_units->add(unit));
+    }
     void endScene() override;
     Bool readPicture(sImage& res) override;
 
@@ -53,18 +67,24 @@ private:
     void bindTextures(const sDrawGroup& group);
     GLuint getSampler(eFilter magnify, eFilter minify);
     void drawGroup(const sDrawGroup& group);
+    void drawSprites(const sDrawGroup& group);
+    void switchTo2D();
+    void switchTo3D();
     void drawRuns(std::span<const sDrawRun> runs);
     void drawRunsOneByOne(std::span<const sDrawRun> runs);
 
     SDL_Window* m_window;
     std::unique_ptr<void, sContextEnd> m_context;  ///< first made, last to go
     UInt m_max_texture_size = 0;
-    UInt m_width = 0;   ///< of the picture, pixels
-    UInt m_height = 0;  ///< of the picture, pixels
-    Matrix m_projection{1.0f};
+    UInt m_width = 0;                ///< of the picture, pixels
+    UInt m_height = 0;               ///< of the picture, pixels
+    Matrix m_projection{1.0f};       ///< of sprites
+    Matrix m_unit_projection{1.0f};  ///< of units
 
     std::optional<cGlProgram> m_single;  ///< draws groups of one texture
     std::optional<cGlProgram> m_multi;   ///< draws groups of several
+    std::optional<cGlUnits> m_units;
+    Bool m_in_3d = false;  ///< units are drawn now
     GLuint m_vertex_array = 0;
     GLuint m_vertex_buffer = 0;
     GLuint m_slot_buffer = 0;

@@ -1,10 +1,10 @@
 #include "Engine/platform/sdl/GlProgram.h"
 
 #include <glm/gtc/type_ptr.hpp>
-#include <vector>
 
 #include "Engine/core/CallStack.h"
 #include "Engine/core/String.h"
+#include "Engine/platform/sdl/GlShaders.h"
 
 namespace Engine::Platform {
 
@@ -65,7 +65,7 @@ void main() {
 )";
 
 String makeText(const char* body, UInt textures) {
-    String text = epoxy_is_desktop_gl() ? "#version 330 core\n" : "#version 300 es\nprecision highp float;\n";
+    String text;
     if (textures > 1)
         text += "#define SLOTS " + std::to_string(textures) + "\n";
     text += body;
@@ -78,42 +78,11 @@ String makeText(const char* body, UInt textures) {
     return place == std::string::npos ? text : String(text.replace(place, 5, cases));
 }
 
-String getLog(GLuint object, decltype(glGetShaderiv) get_size, decltype(glGetShaderInfoLog) get_text) {
-    GLint size = 0;
-    get_size(object, GL_INFO_LOG_LENGTH, &size);
-    std::vector<char> text(static_cast<std::size_t>(std::max(size, 1)));
-    get_text(object, size, nullptr, text.data());
-    return text.data();
-}
-
-GLuint compile(GLenum kind, const String& text) {
-    const GLuint shader = glCreateShader(kind);
-    const char* lines = text.c_str();
-    glShaderSource(shader, 1, &lines, nullptr);
-    glCompileShader(shader);
-    GLint done = 0;
-    glGetShaderiv(shader, GL_COMPILE_STATUS, &done);
-    if (!done)
-        throw String("A shader can't be compiled.\n" + getLog(shader, glGetShaderiv, glGetShaderInfoLog));
-    return shader;
-}
-
 }  // namespace
 
 cGlProgram::cGlProgram(UInt textures) {
     ENGINE_MARK;
-    m_program = glCreateProgram();
-    for (const auto& [kind, text] : {std::pair(GL_VERTEX_SHADER, vertex_text), {GL_FRAGMENT_SHADER, fragment_text}}) {
-        const GLuint shader = compile(static_cast<GLenum>(kind), makeText(text, textures));
-        glAttachShader(m_program, shader);
-        glDeleteShader(shader);  // lives as long as the program
-    }
-    glLinkProgram(m_program);
-    GLint done = 0;
-    glGetProgramiv(m_program, GL_LINK_STATUS, &done);
-    if (!done)
-        throw String("A program can't be linked.\n" + getLog(m_program, glGetProgramiv, glGetProgramInfoLog));
-
+    m_program = linkGlProgram(makeText(vertex_text, textures), makeText(fragment_text, textures));
     m_projection_place = glGetUniformLocation(m_program, "projection");
     m_reference_place = glGetUniformLocation(m_program, "alpha_reference");
     glUseProgram(m_program);

@@ -4,7 +4,9 @@
 
 #include "Engine/core/Constants.h"
 #include "Engine/core/Settings.h"
+#include "Engine/graphics/iMesh.h"
 #include "Tests/Support/RecordingDevice.h"
+#include "Tests/Support/UnitFiles.h"
 
 namespace Engine {
 namespace {
@@ -169,6 +171,20 @@ TEST_F(Graphics, smoothsWhatFullScreenScalesUp) {
     EXPECT_EQ(stateOf(1).minify, eFilter::linear);
     EXPECT_EQ(stateOf(2).magnify, eFilter::point);
     EXPECT_EQ(stateOf(3).magnify, eFilter::anisotropic);
+}
+
+TEST_F(Graphics, leavesUnitsTheirFilterInFullScreen) {
+    startFullScreen();
+    const std::string bytes = UnitFiles::makeMesh({{}, {}, {}}, {0, 1, 2});
+    const std::unique_ptr<iMesh> mesh =
+        iMesh::create("man.mesh", reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    const iGraphics::sUnit unit{.mesh = mesh.get(), .world = Matrix(1.0f)};
+    graphics->beginRender();
+    render(renderLinear);
+    graphics->render(unit, renderLinear);
+    graphics->endRender();
+    EXPECT_EQ(stateOf(0).magnify, eFilter::anisotropic);
+    EXPECT_EQ(device->units.at(0).state.magnify, eFilter::linear);
 }
 
 TEST_F(Graphics, scalesSpritesAndCoversTheBorderInFullScreen) {

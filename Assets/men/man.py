@@ -1,0 +1,298 @@
+"""The man of the roads: a mesh with bones and what he does, written to Data/Men/.
+
+    blender -b --python-exit-code 1 -P Assets/men/man.py -- FOLDER
+
+He stands at the origin, looks along -y, and is 1.75 high, hat and all. In the game that is 56 logical units.
+"""
+import math
+import os
+import sys
+
+import bpy
+from mathutils import Euler, Vector
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path[:0] = [HERE, os.path.dirname(HERE)]
+sys.dont_write_bytecode = True
+import export_unit
+import palette
+from figure import Figure
+
+SCALE = 32.0  # logical units in a metre
+FPS = 24
+BONES = {  # name: (parent, head, tail)
+    "hips": (None, (0, 0, 0.62), (0, 0, 0.74)),
+    "spine": ("hips", (0, 0, 0.74), (0, 0, 0.92)),
+    "chest": ("spine", (0, 0, 0.92), (0, 0, 1.14)),
+    "head": ("chest", (0, 0, 1.14), (0, 0, 1.5)),
+    "hat": ("head", (0, 0, 1.5), (0, 0, 1.75)),
+}
+for side, x in (("left", 1), ("right", -1)):  # his own left: the viewer's right
+    BONES.update({
+        f"shoulder_{side}": ("chest", (x * 0.10, 0, 1.08), (x * 0.29, 0, 1.07)),
+        f"arm_{side}": (f"shoulder_{side}", (x * 0.29, 0, 1.07), (x * 0.31, 0, 0.82)),
+        f"forearm_{side}": (f"arm_{side}", (x * 0.31, 0, 0.82), (x * 0.32, 0, 0.60)),
+        f"hand_{side}": (f"forearm_{side}", (x * 0.32, 0, 0.60), (x * 0.32, 0, 0.48)),
+        f"thigh_{side}": ("hips", (x * 0.13, 0, 0.62), (x * 0.14, 0, 0.36)),
+        f"shin_{side}": (f"thigh_{side}", (x * 0.14, 0, 0.36), (x * 0.14, 0, 0.10)),
+        f"foot_{side}": (f"shin_{side}", (x * 0.14, 0, 0.10), (x * 0.14, -0.16, 0.05)),
+    })
+
+
+def make_armature():
+    data = bpy.data.armatures.new("man")
+    armature = bpy.data.objects.new("man", data)
+    bpy.context.scene.collection.objects.link(armature)
+    bpy.context.view_layer.objects.active = armature
+    bpy.ops.object.mode_set(mode="EDIT")
+    for name, (parent, head, tail) in BONES.items():
+        bone = data.edit_bones.new(name)
+        bone.head, bone.tail = head, tail
+        bone.parent = data.edit_bones[parent] if parent else None
+    bpy.ops.object.mode_set(mode="OBJECT")
+    for bone in armature.pose.bones:
+        bone.rotation_mode = "QUATERNION"
+    return armature
+
+
+# The body -----------------------------------------------------------------------------------------------------------
+
+def between(z, lower, upper, low, high):
+    """Weights of a point at height z: all of the lower bone up to low, all of the upper one from high on."""
+    part = min(max((z - low) / (high - low), 0.0), 1.0)
+    return [(lower, 1 - part), (upper, part)]
+
+
+def follow_trunk(p):
+    return between(p[2], "hips", "spine", 0.66, 0.80) if p[2] < 0.85 else between(p[2], "spine", "chest", 0.88, 1.0)
+
+
+def add_trunk(f, shirt):
+    rings = [((0, 0, 0.53), 0.15, 0.13, "plank_dark"), ((0, 0, 0.58), 0.235, 0.19, "plank_dark"),
+             ((0, 0, 0.68), 0.25, 0.205, "timber"), ((0, 0, 0.735), 0.255, 0.21, shirt),
+             ((0, -0.01, 0.84), 0.275, 0.235, shirt), ((0, 0, 0.97), 0.275, 0.22, shirt),
+             ((0, 0.01, 1.07), 0.245, 0.185, shirt), ((0, 0.01, 1.14), 0.15, 0.13, shirt),
+             ((0, 0, 1.18), 0.09, 0.09, shirt)]
+    f.loft(rings, 10, follow_trunk, spin=math.pi / 10)
+    f.ball((0, -0.215, 0.71), (0.05, 0.02, 0.035), "gold", "hips", 6, 3)  # the buckle
+    for x in (-0.13, 0.13):
+        add_brace(f, x)
+    scarf = [((0, -0.005, 1.10), 0.185, 0.165, "cream"), ((0, -0.01, 1.135), 0.205, 0.18, "cream"),
+             ((0, 0, 1.18), 0.165, 0.15, "cream"), ((0, 0, 1.19), 0.10, 0.10, "cream")]
+    f.loft(scarf, 9, "chest")
+    f.ball((0.02, -0.19, 1.09), (0.045, 0.03, 0.055), "cream", "chest", 6, 3)
+
+
+def add_brace(f, x):
+    """A strap over one shoulder, a little outside the shirt."""
+    line = [(-0.200, 0.74), (-0.234, 0.84), (-0.215, 0.97), (-0.165, 1.075), (-0.06, 1.135),
+            (0.10, 1.13), (0.185, 1.06), (0.215, 0.97), (0.215, 0.84), (0.195, 0.74)]
+    points, faces = [], []
+    for i, (y, z) in enumerate(line):
+        k = 0.92 if 0 < i < len(line) - 1 else 1.0
+        out = 0.018 * (1 if y > 0 else -1)
+        lift = 0.03 if z > 1.1 else 0.0
+        points += [(x * k - 0.033, y + out, z + lift), (x * k + 0.033, y + out, z + lift)]
+    for i in range(len(line) - 1):
+        faces.append((2 * i, 2 * i + 2, 2 * i + 3, 2 * i + 1))
+    f.add(points, [tuple(reversed(face)) for face in faces], "timber", follow_trunk)
+
+
+def add_head(f):
+    f.ball((0, 0, 1.36), (0.225, 0.22, 0.23), "skin", "head", 10, 6)
+    f.ball((0, 0.04, 1.37), (0.235, 0.21, 0.22), "trunk", "head", 10, 5)  # hair, behind the face
+    for x in (-1, 1):
+        f.ball((x * 0.228, -0.01, 1.34), (0.035, 0.05, 0.062), "skin", "head", 6, 3)
+        f.ball((x * 0.085, -0.196, 1.395), (0.032, 0.024, 0.045), "ink", "head", 6, 3)
+        f.ball((x * 0.066, -0.214, 1.29), (0.09, 0.036, 0.038), "trunk", "head", 6, 4, tilt=0.1)  # moustache
+    f.ball((0, -0.238, 1.35), (0.05, 0.056, 0.048), "skin", "head", 6, 4)
+    add_hat(f)
+
+
+def add_hat(f):
+    """Straw, worn a little towards the back of the head, so that the face is seen from above too."""
+    rings = [(0.20, 1.475, "hat"), (0.335, 1.46, "hat"), (0.385, 1.468, "hat"), (0.388, 1.49, "hat"),
+             (0.30, 1.505, "hat"), (0.240, 1.52, "paint_red"), (0.230, 1.585, "hat"), (0.205, 1.67, "hat"),
+             (0.15, 1.725, "hat"), (0.06, 1.75, "hat")]
+    shape = Figure()
+    shape.loft([((0, 0, z), r, r * 1.03, colour) for r, z, colour in rings], 12, "hat")
+    lean = math.radians(-13)
+    points = []
+    for x, y, z in shape.points:
+        y, z = y * math.cos(lean) - (z - 1.48) * math.sin(lean), y * math.sin(lean) + (z - 1.48) * math.cos(lean)
+        points.append((x, y + 0.035, z + 1.485))
+    f.add(points, shape.faces, shape.colours, "hat")
+
+
+def add_arm(f, side, x, shirt):
+    def follows(p):
+        if p[2] > 0.98:
+            return between(p[2], f"arm_{side}", f"shoulder_{side}", 1.04, 1.14)
+        return between(p[2], f"forearm_{side}", f"arm_{side}", 0.78, 0.86)
+    sleeve = [((x * 0.312, 0, 0.765), 0.088, 0.088, shirt), ((x * 0.312, 0, 0.785), 0.112, 0.112, shirt),
+              ((x * 0.310, 0, 0.835), 0.112, 0.112, shirt), ((x * 0.308, 0, 0.86), 0.100, 0.100, shirt),
+              ((x * 0.300, 0, 0.96), 0.112, 0.118, shirt), ((x * 0.285, 0, 1.05), 0.115, 0.125, shirt),
+              ((x * 0.255, 0, 1.11), 0.085, 0.095, shirt), ((x * 0.22, 0, 1.13), 0.03, 0.03, shirt)]
+    f.loft(sleeve, 7, follows)
+    forearm = [((x * 0.32, 0, 0.575), 0.066, 0.066, "skin"), ((x * 0.318, 0, 0.66), 0.080, 0.080, "skin"),
+               ((x * 0.312, 0, 0.775), 0.084, 0.084, "skin")]
+    f.loft(forearm, 7, f"forearm_{side}")
+    f.ball((x * 0.322, -0.008, 0.525), (0.075, 0.088, 0.092), "skin", f"hand_{side}", 7, 4)
+    f.ball((x * 0.275, -0.065, 0.555), (0.034, 0.036, 0.055), "skin", f"hand_{side}", 6, 3, tilt=0.5)  # thumb
+
+
+def add_leg(f, side, x):
+    def follows(p):
+        if p[2] > 0.5:
+            return between(p[2], f"thigh_{side}", "hips", 0.54, 0.66)
+        return between(p[2], f"shin_{side}", f"thigh_{side}", 0.31, 0.41)
+    leg = [((x * 0.14, 0, 0.165), 0.118, 0.118, "plank_dark"), ((x * 0.14, 0, 0.21), 0.128, 0.128, "plank_dark"),
+           ((x * 0.14, 0, 0.34), 0.122, 0.124, "plank_dark"), ((x * 0.14, 0, 0.40), 0.126, 0.132, "plank_dark"),
+           ((x * 0.13, 0, 0.54), 0.135, 0.155, "plank_dark"), ((x * 0.11, 0, 0.63), 0.10, 0.13, "plank_dark")]
+    f.loft(leg, 7, follows)
+    shaft = [((x * 0.14, 0, 0.07), 0.10, 0.105, "log"), ((x * 0.14, 0, 0.19), 0.104, 0.104, "log")]
+    f.loft(shaft, 7, f"shin_{side}", closed=(False, False))
+    boot = [((x * 0.145, -0.05, 0.0), 0.105, 0.185, "ink"), ((x * 0.145, -0.05, 0.035), 0.118, 0.20, "log"),
+            ((x * 0.145, -0.05, 0.085), 0.112, 0.185, "log"), ((x * 0.143, -0.025, 0.13), 0.095, 0.12, "log"),
+            ((x * 0.14, 0, 0.16), 0.06, 0.07, "log")]
+    f.loft(boot, 8, f"foot_{side}")
+
+
+def make_figure(shirt):
+    f = Figure()
+    add_trunk(f, shirt)
+    add_head(f)
+    for side, x in (("left", 1), ("right", -1)):
+        add_arm(f, side, x, shirt)
+        add_leg(f, side, x)
+    return f
+
+
+# What he does -------------------------------------------------------------------------------------------------------
+# A pose is {bone: (x, y, z)}, turns in degrees about the axes of the scene as they lie in the bone's parent, and "lift",
+# how far the hips rise. A limb that hangs swings forward with a negative turn about x; the right arm goes out with a
+# positive one about y, the left arm with a negative one.
+
+def both(pose, name, x, y=0.0, z=0.0):
+    """The same for both sides, mirrored."""
+    pose[f"{name}_left"], pose[f"{name}_right"] = (x, -y, -z), (x, y, z)
+
+
+def standing(t, breath=1.0):
+    """Weight on both feet; t runs from 0 to 1 through a breath."""
+    swell = breath * math.sin(2 * math.pi * t)
+    pose = {"lift": 0.006 * swell, "spine": (1.2 * swell, 0, 0), "chest": (1.5 * swell - 1, 0, 0), "head": (-2 * swell, 0, 0)}
+    both(pose, "shoulder", 0, 2 * swell)
+    both(pose, "arm", -4, 11 + 1.5 * swell)
+    both(pose, "forearm", -16 - 2 * swell, 4)
+    both(pose, "thigh", -2 - 0.5 * swell, 4)
+    both(pose, "shin", 4 + swell, 0)
+    both(pose, "foot", -2 - 0.5 * swell, -4)
+    return pose
+
+
+def idle(t):
+    """Three breaths; he looks left and right and shifts his weight."""
+    pose = standing((3 * t) % 1)
+    sway, look = math.sin(2 * math.pi * t), math.sin(2 * math.pi * t) + 0.35 * math.sin(4 * math.pi * t)
+    pose["hips"] = (0, 2.2 * sway, 0)
+    pose["spine"] = (pose["spine"][0], -2.6 * sway, 3 * look)
+    pose["head"] = (pose["head"][0] + 2, -2 * sway, 19 * look)
+    for side in ("left", "right"):
+        x, y, z = pose[f"thigh_{side}"]
+        pose[f"thigh_{side}"] = (x, y - 2.2 * sway, z)
+    return pose
+
+
+def wave(t):
+    """Raises the right arm, waves three times, lets it sink."""
+    pose = standing((2 * t) % 1)
+    up = smooth(t / 0.2) * smooth((1 - t) / 0.22)
+    swing = up * math.sin(2 * math.pi * (t - 0.2) / 0.6 * 3) if 0.2 < t < 0.8 else 0.0
+    lerp = lambda a, b: tuple(p + (q - p) * up for p, q in zip(a, b))
+    pose["shoulder_right"] = lerp(pose["shoulder_right"], (0, 18, 0))
+    pose["arm_right"] = lerp(pose["arm_right"], (-16, 112, 0))
+    x, y, z = lerp(pose["forearm_right"], (-6, 40, 0))
+    pose["forearm_right"] = (x, y + 27 * swing, z)
+    pose["hand_right"] = (0, 14 * swing, 0)
+    pose["hips"] = (0, 2.5 * up, 0)
+    pose["spine"] = (pose["spine"][0] - 1.5 * up, 4 * up, 0)
+    pose["chest"] = (pose["chest"][0] - 2 * up, 3 * up + 1.5 * swing, -4 * up)
+    pose["head"] = (pose["head"][0] - 5 * up, -6 * up, 5 * up)
+    pose["lift"] += 0.012 * up
+    return pose
+
+
+def walk(t):
+    """One step with each foot."""
+    a = 2 * math.pi * t
+    pose = {"lift": -0.022 + 0.03 * math.cos(2 * a), "hips": (3, 3 * math.sin(a), 7 * math.sin(a)),
+            "spine": (3, -2.5 * math.sin(a), -7 * math.sin(a)), "chest": (1, 0, -9 * math.sin(a)),
+            "head": (-4 + 2 * math.cos(2 * a), 0, 9 * math.sin(a)), "hat": (1.5 * math.sin(2 * a), 0, 0)}
+    for side, phase, out in (("left", a, -1), ("right", a + math.pi, 1)):
+        step = math.sin(phase)  # 1: this foot is furthest back
+        lifted = max(0.0, -math.cos(phase))  # on its way forward
+        pose[f"thigh_{side}"] = (34 * step - 10 * lifted - 4, 2 * out, 0)
+        pose[f"shin_{side}"] = (10 + 54 * lifted + 10 * max(0.0, step), 0, 0)
+        pose[f"foot_{side}"] = (-16 * lifted - 6 + (20 * step if step > 0 else 14 * step), 0, 0)
+        pose[f"arm_{side}"] = (-36 * step - 2, 10 * out, 0)
+        pose[f"forearm_{side}"] = (-34 + 18 * step, 4 * out, 0)
+    return pose
+
+
+def smooth(t):
+    t = min(max(t, 0.0), 1.0)
+    return t * t * (3 - 2 * t)
+
+
+ACTIONS = {"idle": (idle, 6.0), "wave": (wave, 2.6), "walk": (walk, 0.9)}  # seconds
+
+
+def apply(armature, pose):
+    for bone in armature.pose.bones:
+        degrees = pose.get(bone.name, (0, 0, 0))
+        turn = Euler([math.radians(d) for d in degrees]).to_matrix()
+        rest = bone.bone.matrix_local.to_3x3()
+        bone.rotation_quaternion = (rest.inverted() @ turn @ rest).to_quaternion()
+        lift = Vector((0, 0, pose.get("lift", 0.0))) if not bone.parent else Vector()
+        bone.location = rest.inverted() @ lift
+
+
+def make_actions(armature):
+    for name, (pose_at, length) in ACTIONS.items():
+        frames = round(length * FPS)
+        armature.animation_data_create().action = bpy.data.actions.new(name)
+        for frame in range(frames + 1):
+            apply(armature, pose_at(frame / frames))
+            for bone in armature.pose.bones:
+                bone.keyframe_insert("rotation_quaternion", frame=frame)
+            armature.pose.bones["hips"].keyframe_insert("location", frame=frame)
+
+
+def save_shadow(path):
+    """A soft stain for the ground below him, twice as wide as high; his control draws it as a picture of its own."""
+    from PIL import Image
+    size = (64, 32)
+    image = Image.new("RGBA", size)
+    for y in range(size[1]):
+        for x in range(size[0]):
+            off = math.hypot((x + 0.5) / size[0] * 2 - 1, (y + 0.5) / size[1] * 2 - 1)
+            image.putpixel((x, y), (*palette.rgb("hedge_deep"), round(150 * smooth(1.15 - 1.15 * off))))
+    image.save(path, optimize=True)
+
+
+def main(folder):
+    bpy.ops.wm.read_factory_settings(use_empty=True)
+    bpy.context.scene.render.fps = FPS
+    armature = make_armature()
+    figure = make_figure("shirt_red")
+    figure.build("man", armature, math.radians(50))
+    make_actions(armature)
+    os.makedirs(folder, exist_ok=True)
+    export_unit.unit(folder, "man", SCALE)
+    figure.save_texture(os.path.join(folder, "man.png"))
+    save_shadow(os.path.join(folder, "shadow.png"))
+
+
+if __name__ == "__main__":
+    main(sys.argv[sys.argv.index("--") + 1])
