@@ -1,5 +1,6 @@
 #include "Engine/core/Engine.h"
 
+#include "Engine/Ui/Font.h"
 #include "Engine/Ui/View.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Constants.h"
@@ -56,6 +57,8 @@ void cEngine::createManagers(sContext& context) {
     random().setSeed(m_instance->getMilliseconds());
     m_file_manager = std::make_unique<cFileManager>(root, "pack", m_instance->getWritableDirectory());
     m_resource_manager = std::make_unique<cResourceManager>();
+    m_resource_manager->registerLoader(
+        eResourceType::font, [](const String& name) { return std::make_unique<cFont>(name); }, true);
     m_constants = std::make_unique<cConstants>();
     m_constants->load("sys/constants.xml");
     m_settings = std::make_unique<cSettings>();

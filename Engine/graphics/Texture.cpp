@@ -34,11 +34,25 @@ void cTexture::load(const String& name) {
     sImageInfo info;
     const Platform::sTextureSurface surface =
         cGraphics::getInstance()->getResource(file.data(), file.size(), name, info);
+    setSurface(surface, info.width, info.height);
+}
+
+void cTexture::setPicture(const sImage& image) {
+    ENGINE_MARK;
+    preUpdate();
+    if (image.width == 0 || image.height == 0)
+        return;
+    const std::uint8_t* pixels = image.pixels.empty() ? nullptr : image.pixels.data();
+    setSurface(cGraphics::getInstance()->getDevice().createTexture(image.width, image.height, pixels), image.width,
+               image.height);
+}
+
+void cTexture::setSurface(const Platform::sTextureSurface& surface, UInt width, UInt height) {
     m_use.handle = surface.handle;
     m_surface_width = surface.width;
     m_surface_height = surface.height;
-    m_width = info.width;
-    m_height = info.height;
+    m_width = width;
+    m_height = height;
     m_use.uv_scale.x = static_cast<Float>(m_width) / static_cast<Float>(m_surface_width);
     m_use.uv_scale.y = static_cast<Float>(m_height) / static_cast<Float>(m_surface_height);
     m_half_texel_u = 0.5f / static_cast<Float>(m_surface_width);

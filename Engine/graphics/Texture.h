@@ -5,6 +5,11 @@
 
 namespace Engine {
 
+struct sImage;
+namespace Platform {
+struct sTextureSurface;
+}
+
 /// What drawing needs to know of a texture; as it is built, no texture at all.
 struct sTextureUse {
     UInt handle = 0;         ///< of the device; 0 while released
@@ -18,11 +23,16 @@ struct sTextureUse {
 class cTexture : public iResource {
 public:
     explicit cTexture(const String& name);
+    /// Without a picture, until setPicture() gives it one. Nobody finds it by name, and update() is not for it.
+    cTexture() = default;
     ~cTexture() override;
 
     eResourceType getType() const override { return eResourceType::texture; }
     void preUpdate() override;
     void update() override;
+
+    /// Takes the place of what was there; a picture without pixels only has its size, one without size is none.
+    void setPicture(const sImage& image);
 
     const sTextureUse& getUse() const { return m_use; }
     UInt getHandle() const { return m_use.handle; }  ///< of the device; 0 while released
@@ -37,6 +47,7 @@ public:
 
 private:
     void load(const String& name);
+    void setSurface(const Platform::sTextureSurface& surface, UInt width, UInt height);
 
     sTextureUse m_use;
     Float m_half_texel_u = 0.0f;  ///< 0.5 / surface width

@@ -2,6 +2,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "Engine/Ui/Font.h"
 #include "Engine/core/ZipFile.h"
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
@@ -69,6 +70,14 @@ JSON inspectDocument(const String& name, iFile& file, Bool is_binary) {
     return {{"format", "resource log"}, {"resources", std::move(resources)}};
 }
 
+JSON inspectFont(const String& name, const BYTES& bytes) {
+    const cFont font(name, std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));
+    JSON ranges = JSON::array();
+    for (const auto& [first, last] : font.getRanges())
+        ranges.push_back({{"first", UInt{first}}, {"last", UInt{last}}});
+    return {{"format", "font"}, {"glyphs", font.getGlyphCount()}, {"ranges", std::move(ranges)}};
+}
+
 /// Enough to tell a format by, so that no large file is read in vain.
 BYTES readHead(iFile& file) {
     BYTES head(std::min<std::size_t>(file.getSize(), 64 * 1024));
@@ -99,6 +108,8 @@ void inspect(const String& file) {
     JSON json{{"file", static_cast<std::string>(file)}};
     if (beginsWith(head, "PK\3\4") || beginsWith(head, "PK\5\6"))
         json.update(inspectPack(file));
+    else if (beginsWith(head, "tnof"))
+        json.update(inspectFont(file, readAll(*openFile(file))));
     else if (isUnitFile(head))
         json.update(inspectUnit(file, readAll(*openFile(file))));
     else if (looksLikeDocument(head))
