@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Engine/Sound/PlaySound.h"
+#include "Engine/Sound/SoundManager.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
 #include "Engine/core/Logic.h"
@@ -170,8 +170,9 @@ void cButtonPrototype::process() {
 // Reactions --------------------------------------------------------------------------------------------------------
 
 void cButtonPrototype::playSound(const cResourceRef& sound) const {
-    if (m_sound_enabled && sound)
-        playSoundOnce(sound.get());
+    cSoundManager* manager = cSoundManager::getInstance();
+    if (m_sound_enabled && sound && manager)
+        manager->playOnce(sound.get());
 }
 
 void cButtonPrototype::hovered() {

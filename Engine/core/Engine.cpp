@@ -1,5 +1,6 @@
 #include "Engine/core/Engine.h"
 
+#include "Engine/Sound/SoundManager.h"
 #include "Engine/Ui/Font.h"
 #include "Engine/Ui/View.h"
 #include "Engine/core/CallStack.h"
@@ -69,6 +70,8 @@ void cEngine::createManagers(sContext& context) {
     m_graphics = std::make_unique<cGraphics>(*m_instance, *m_window);
     m_input = std::make_unique<cInput>(*m_instance);
     m_timer = std::make_unique<cTimer>(*m_instance);
+    if (!context.no_sound)
+        m_sound_manager = std::make_unique<cSoundManager>(*m_instance);
     m_logic = std::make_unique<cLogic>(*m_instance);
     m_string_manager = std::make_unique<cStringManager>();
 }
@@ -97,6 +100,7 @@ void cEngine::tearDown() {
     cView::destroyAll();
     m_logic.reset();
     m_string_manager.reset();
+    m_sound_manager.reset();
     m_timer.reset();
     m_input.reset();
     m_graphics.reset();
@@ -180,6 +184,8 @@ void cEngine::onActivate(Bool active) {
     }
     if (m_logic)
         m_logic->setInactive(!active);
+    if (m_sound_manager)
+        m_sound_manager->setPause(!active);
 }
 
 void cEngine::onSysCommand(const sMessage& message) {

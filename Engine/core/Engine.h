@@ -16,6 +16,7 @@ class cInput;
 class cLogic;
 class cResourceManager;
 class cSettings;
+class cSoundManager;
 class cStringManager;
 class cTimer;
 
@@ -77,6 +78,7 @@ private:
     std::unique_ptr<cGraphics> m_graphics;
     std::unique_ptr<cInput> m_input;
     std::unique_ptr<cTimer> m_timer;
+    std::unique_ptr<cSoundManager> m_sound_manager;
     std::unique_ptr<cLogic> m_logic;
     std::unique_ptr<cStringManager> m_string_manager;
 };

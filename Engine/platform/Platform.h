@@ -11,6 +11,7 @@
 namespace Engine::Platform {
 
 class iGraphicsDevice;
+class iSoundDevice;
 
 enum class eMessage : UInt {
     quit,         ///< ends the pump; posted, never sent by the window itself
@@ -101,6 +102,8 @@ public:
 
     /// @param window  of this platform; outlives the device. Failures throw a String.
     virtual std::unique_ptr<iGraphicsDevice> createGraphicsDevice(iWindow& window) = 0;
+    /// Null where there is no sound; whether there is any, its init() tells.
+    virtual std::unique_ptr<iSoundDevice> createSoundDevice() = 0;
 };
 
 }  // namespace Engine::Platform

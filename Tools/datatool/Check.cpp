@@ -4,6 +4,7 @@
 #include <iostream>
 #include <map>
 
+#include "Engine/Ui/Font.h"
 #include "Engine/core/DirectoryWalk.h"
 #include "Engine/core/FileNames.h"
 #include "Engine/core/ResourceManager.h"
@@ -11,6 +12,7 @@
 #include "Engine/graphics/Animation.h"
 #include "Engine/graphics/iMesh.h"
 #include "Engine/graphics/image/Image.h"
+#include "Engine/platform/sdl/SoundFile.h"
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
 
@@ -115,9 +117,25 @@ private:
                 checkMesh(label, *file);
             else if (type == eResourceType::animation)
                 checkAnimation(label, *file);
+            else if (type == eResourceType::font)
+                checkFont(label, *file);
+            else if (type == eResourceType::sound)
+                checkSound(*file);
             else
                 readThrough(*file);
         });
+    }
+
+    void checkFont(const String& label, iFile& file) {
+        const BYTES bytes = readAll(file);
+        cFont(label, std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()));
+    }
+
+    /// Decodes all of it, as the game does.
+    void checkSound(iFile& file) {
+        Platform::sPcm pcm;
+        if (!Platform::readSoundFile(file, pcm))
+            throw String("no sound that the game can play");
     }
 
     void checkImage(const String& name, iFile& file) {

@@ -84,6 +84,10 @@ Bool cHeadlessPlatform::areMouseButtonsSwapped() {
     return m_buttons_swapped;
 }
 
+void cHeadlessPlatform::setSoundDevice(std::unique_ptr<iSoundDevice> device) {
+    m_sound_device = std::move(device);
+}
+
 std::unique_ptr<iGraphicsDevice> cHeadlessPlatform::createGraphicsDevice(iWindow&) {
     return std::make_unique<cHeadlessGraphicsDevice>();
 }

@@ -6,6 +6,7 @@
 
 #include "Engine/platform/InputBuffer.h"
 #include "Engine/platform/Platform.h"
+#include "Engine/platform/SoundDevice.h"
 
 namespace Engine::Platform {
 
@@ -37,6 +38,7 @@ public:
     void setOnIdle(std::function<void()> on_idle) { m_on_idle = std::move(on_idle); }
     /// The texts of the message boxes shown so far.
     const std::vector<WString>& getMessageBoxes() const { return m_message_boxes; }
+    void setSoundDevice(std::unique_ptr<iSoundDevice> device);  ///< the one that the program is given
     /// How often reading of the swapped-buttons setting was asked for.
     UInt getSwapQueries() const { return m_swap_queries; }
 
@@ -59,10 +61,13 @@ public:
     std::unique_ptr<iJoystick> createJoystick() override { return nullptr; }
     Bool areMouseButtonsSwapped() override;
     std::unique_ptr<iGraphicsDevice> createGraphicsDevice(iWindow& window) override;
+    /// Silence, unless the owner has given a device.
+    std::unique_ptr<iSoundDevice> createSoundDevice() override { return std::move(m_sound_device); }
 
 private:
     class cWindow;
 
+    std::unique_ptr<iSoundDevice> m_sound_device;
     String m_executable;
     String m_writable_directory;
     std::deque<sMessage> m_messages;

@@ -11,6 +11,7 @@
 #include "Engine/platform/sdl/CreateSdlPlatform.h"
 #include "Engine/platform/sdl/GlDevice.h"
 #include "Engine/platform/sdl/KeyCodes.h"
+#include "Engine/platform/sdl/SdlSound.h"
 #include "Engine/platform/sdl/SdlWindow.h"
 
 namespace Engine::Platform {
@@ -107,6 +108,9 @@ void cSdlPlatform::translate(const SDL_Event& event) {
             break;
         case SDL_TEXTINPUT:
             translateText(event.text.text);
+            break;
+        case SDL_AUDIODEVICEREMOVED:
+            m_sound_lost = true;
             break;
         case SDL_MOUSEMOTION:
             postMessage({eMessage::mouseMove, 0});
@@ -285,6 +289,10 @@ std::unique_ptr<iJoystick> cSdlPlatform::createJoystick() {
 
 std::unique_ptr<iGraphicsDevice> cSdlPlatform::createGraphicsDevice(iWindow& window) {
     return createGlDevice(static_cast<cSdlWindow&>(window).getHandle());
+}
+
+std::unique_ptr<iSoundDevice> cSdlPlatform::createSoundDevice() {
+    return std::make_unique<cSdlSound>(m_sound_lost);
 }
 
 std::unique_ptr<iPlatform> createSdlPlatform() {

@@ -44,6 +44,7 @@ public:
     Bool areMouseButtonsSwapped() override { return false; }
 
     std::unique_ptr<iGraphicsDevice> createGraphicsDevice(iWindow& window) override;
+    std::unique_ptr<iSoundDevice> createSoundDevice() override;
 
 private:
     void startVideo();
@@ -59,7 +60,8 @@ private:
     cSdlWindow* m_window = nullptr;  ///< of the engine, which ends before the platform
     Bool m_closed = false;           ///< the window counts as destroyed
     Bool m_video_started = false;
-    Bool m_alt_alone = false;  ///< Alt went down and nothing came between
+    Bool m_sound_lost = false;  ///< the output that was heard is gone
+    Bool m_alt_alone = false;   ///< Alt went down and nothing came between
     eCursor m_cursor = eCursor::arrow;
     SDL_Cursor* m_cursors[3] = {};  ///< by eCursor
 };
