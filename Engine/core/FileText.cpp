@@ -144,6 +144,21 @@ WString toXmlText(const WString& text) {
     return breaks_markup ? xmlEscape(result) : result;
 }
 
+WString toXmlAttribute(const WString& text) {
+    WString result;
+    for (const char16_t unit : toXmlText(text)) {
+        if (unit == u'\n')
+            result += u"&#10;";
+        else if (unit == u'\r')
+            result += u"&#13;";
+        else if (unit == u'\t')
+            result += u"&#9;";
+        else
+            result += unit;
+    }
+    return result;
+}
+
 WString secondsToText(Float seconds) {
     // A comparison with a not-a-number is false and leads to zero too.
     const Int whole = seconds > 0.0f ? static_cast<Int>(std::min(seconds, most_seconds)) : 0;

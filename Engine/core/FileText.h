@@ -41,6 +41,8 @@ WString xmlEscape(const WString& text);
 /// Plain text stays byte for byte what it is. One that has "&", "<" or '"' in it goes through xmlEscape; units that no
 /// document can hold (control characters, halves of pairs) become U+FFFD.
 WString toXmlText(const WString& text);
+/// The same for an attribute's value that keeps its line breaks and tabs.
+WString toXmlAttribute(const WString& text);
 
 /// "mm:ss", each with two digits at least; minutes go on beyond 59. What is below zero counts as zero.
 WString secondsToText(Float seconds);

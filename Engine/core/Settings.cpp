@@ -5,26 +5,6 @@
 
 namespace Engine {
 
-namespace {
-
-/// Values stand in the file as they are. Only those that would make it unreadable, or come back changed, are escaped.
-WString toAttribute(const WString& value) {
-    WString text;
-    for (const char16_t unit : toXmlText(value)) {
-        if (unit == u'\n')
-            text += u"&#10;";
-        else if (unit == u'\r')
-            text += u"&#13;";
-        else if (unit == u'\t')
-            text += u"&#9;";
-        else
-            text += unit;
-    }
-    return text;
-}
-
-}  // namespace
-
 cSettings::~cSettings() {
     try {
         save();
@@ -45,7 +25,7 @@ WString cSettings::format() const {
     for (const auto& [section, keys] : m_sections) {
         text.append(u"<").append(toWide(section)).append(u" ");
         for (const auto& [key, value] : keys)
-            text.append(toWide(key)).append(u"=\"").append(toAttribute(value)).append(u"\" ");
+            text.append(toWide(key)).append(u"=\"").append(toXmlAttribute(value)).append(u"\" ");
         text += u"/>";
     }
     text += u"</main>";

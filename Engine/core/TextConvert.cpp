@@ -237,8 +237,20 @@ WString formatText(UInt value) {
     return format(value);
 }
 
+WString formatText(LongLong value) {
+    return format(value);
+}
+
 WString formatText(Float value) {
     return format(value, std::chars_format::general, 6);
+}
+
+WString formatText(Double value) {
+    return format(value, std::chars_format::general, 6);
+}
+
+WString formatText(const Vector2& value) {
+    return WString(formatText(value.x) + u" " + formatText(value.y));
 }
 
 WString formatText(const Vector3& value) {

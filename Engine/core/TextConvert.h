@@ -36,12 +36,15 @@ Bool parseText(std::u16string_view text, WString& value);
 
 /// Values to the texts that settings are saved as; parseText reads them back.
 ///
-/// Bool "1" or "0"; integers decimal; a Float with six significant digits ("0.333333"); a Vector3 as three of them
-/// with one blank between; a DXColor as "0x" and eight hexadecimal digits, AARRGGBB.
+/// Bool "1" or "0"; integers decimal; a Float or a Double with six significant digits ("0.333333"); a vector as two or
+/// three of them with one blank between; a DXColor as "0x" and eight hexadecimal digits, AARRGGBB.
 WString formatText(Bool value);
 WString formatText(Int value);
 WString formatText(UInt value);
+WString formatText(LongLong value);
 WString formatText(Float value);
+WString formatText(Double value);
+WString formatText(const Vector2& value);
 WString formatText(const Vector3& value);
 WString formatText(const DXColor& value);
 WString formatText(const String& value);
