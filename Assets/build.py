@@ -1,11 +1,12 @@
 #!/usr/bin/python3
-"""Makes the pictures and models under Data/ from the scripts beside this file.
+"""Makes the pictures, models and sounds under Data/ from the scripts beside this file.
 
     python3 Assets/build.py            all of them
     python3 Assets/build.py NAME...    only these; --list tells the names
 
-Needs Blender 3.4 (the Debian package), python3-pil, python3-numpy and the fonts named in README.md; nothing of
-this is needed to build or play the game. The same sources give the same bytes.
+Needs Blender 3.4 (the Debian package), python3-pil, python3-numpy and the fonts named in README.md; for sounds alone
+python3-numpy, vorbis-tools, fluidsynth and fluid-soundfont-gm. Nothing of this is needed to build or play the game.
+The same sources give the same bytes.
 """
 import os
 import shutil
@@ -22,8 +23,9 @@ OBJECTS = {  # name: (Blender script, what it shall render, the function of comp
     "logo2": ("render_logos.py", ["craft"], "craft_logo"),
     "logo3": ("render_logos.py", ["title"], "title_logo"),
     "start": ("render_start.py", ["mill", "sails", "back"], "start_screen"),
-    "signs": ("render_signs.py", ["leave", "fullscreen", "tick"], "signs"),
-    "cloud": ("render_signs.py", ["cloud"], "cloud"),
+    "widgets": ("render_small.py", ["tick"], "widgets"),
+    "interface": ("render_interface.py", ["load", "hive", "bees", "help"], "interface"),
+    "cloud": ("render_small.py", ["cloud"], "cloud"),
     "icon": ("render_logos.py", ["icon"], "icon"),
 }
 
@@ -31,10 +33,31 @@ UNITS = {  # name: (Blender script that writes a mesh, its animations and its te
     "man": ("men/man.py", "Men"),
 }
 
+SOUNDS = {  # name: what sounds/make_sounds.py makes under it
+    "effects": ["hover", "click", "check", "slide", "type", "dialog", "denied", "bee"],
+    "music": ["menu", "game"],
+}
+
+<<<<<<< HEAD
+
+def missing_sound_tools():
+    packages = {"oggenc": "vorbis-tools", "fluidsynth": "fluidsynth fluid-soundfont-gm"}
+    return [f"{tool} (apt-get install {package})" for tool, package in packages.items() if not shutil.which(tool)]
+
+
+def missing_tools(names):
+    """What has to be installed first to make these, as a list of sentences."""
+    missing = missing_sound_tools() if any(name in SOUNDS for name in names) else []
+    if all(name in SOUNDS for name in names):
+        return missing
+=======
+FONTS = "fonts"  # the object that fonts/make_fonts.py makes
+
 
 def missing_tools():
     """What has to be installed first, as a list of sentences."""
     missing = []
+>>>>>>> main
     if not shutil.which("blender"):
         missing.append("blender (apt-get install blender)")
     try:
@@ -57,11 +80,24 @@ def run_blender(script, folder, *wanted):
 
 def build(name, folder=None):
     """Makes one object; a folder that is given holds its renders already."""
+<<<<<<< HEAD
+    data = os.path.join(os.path.dirname(HERE), "Data")
+    if name in SOUNDS:
+        print(name)
+        subprocess.run([sys.executable, os.path.join(HERE, "sounds", "make_sounds.py"), data, *SOUNDS[name]],
+                       check=True)
+        return None
+=======
     import compose
+    if name == FONTS:
+        print(name)
+        return subprocess.run([sys.executable, os.path.join(HERE, "fonts", "make_fonts.py")], check=True)
+>>>>>>> main
     if name in UNITS:
         print(name)
         script, target = UNITS[name]
-        return run_blender(script, os.path.join(os.path.dirname(HERE), "Data", target))
+        return run_blender(script, os.path.join(data, target))
+    import compose
     script, wanted, finish = OBJECTS[name]
     print(name)
     with tempfile.TemporaryDirectory() as fresh:
@@ -71,7 +107,11 @@ def build(name, folder=None):
 
 
 def main(arguments):
-    known = [*OBJECTS, *UNITS]
+<<<<<<< HEAD
+    known = [*OBJECTS, *UNITS, *SOUNDS]
+=======
+    known = [*OBJECTS, *UNITS, FONTS]
+>>>>>>> main
     if "--list" in arguments:
         print("\n".join(known))
         return 0
@@ -79,7 +119,7 @@ def main(arguments):
     if unknown:
         print(f"build.py: unknown object {unknown[0]}; known are {', '.join(known)}", file=sys.stderr)
         return 2
-    missing = missing_tools()
+    missing = missing_tools(arguments or known)
     if missing:
         print("build.py: missing " + ", ".join(missing), file=sys.stderr)
         return 1

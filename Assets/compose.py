@@ -9,9 +9,9 @@ from PIL import Image, ImageChops, ImageDraw
 
 import palette
 import picture
+import widgets as wood
 
 SCREEN = (800, 600)
-SIGN_SCALE = 3  # of the renders, as render_signs.py makes them
 LOOKS = ("normal", "hover", "pressed", "disabled")  # the order of the frames in a button's atlas
 
 
@@ -79,17 +79,17 @@ def start_screen(renders):
     layout = json.load(open(f"{renders}/layout.json", encoding="ascii"))
     back = picture.sky(SCREEN, 140)
     back.alpha_composite(picture.shrink(picture.open_render(f"{renders}/back.png"), layout["scale"]))
-    picture.save(picture.vignette(picture.graded(back), 0.40), "UI/Start/back.jpg")
+    picture.save(picture.vignette(picture.graded(back), 0.40), "UI/FixedBack/back.jpg")
 
     mill = picture.shrink(picture.open_render(f"{renders}/mill.png"), layout["scale"])
     left, top, right, bottom = mill.getchannel("A").point(lambda v: 255 if v > 2 else 0).getbbox()
     right, bottom = right + (right - left) % 2, bottom + (bottom - top) % 2
     mill = _graded_sprite(mill.crop((left, top, right, bottom)))
-    picture.save(mill, "UI/Start/mill.png")
+    picture.save(mill, "UI/FixedBack/mill.png")
 
     frames = [picture.open_render(f"{renders}/sails_{i:02}.png") for i in range(layout["frames"])]
     frames = [_graded_sprite(picture.shrink(f, layout["scale"])) for f in frames]
-    picture.save(picture.row_of(frames, 8), "UI/Start/sails.png")
+    picture.save(picture.row_of(frames, 8), "UI/FixedBack/sails.png")
     x, y = layout["mill"][0] + left + mill.width / 2, layout["mill"][1] + top + mill.height / 2
     print(f"  mill: centre {x:g},{y:g} size {mill.width},{mill.height}; sails: centre {layout['hub'][0]},{layout['hub'][1]}")
 
@@ -101,33 +101,6 @@ def _graded_sprite(image):
     return out
 
 
-def signs(renders):
-    """The hanging boards with their words, and the tick."""
-    leave = [_sign(renders, "leave", look, "Leave", 0.5, 30) for look in LOOKS]
-    picture.save(picture.row_of(leave, 4), "UI/Start/exit.png")
-    for look in LOOKS:
-        name = "fullscreen" + ("" if look == "normal" else "_" + look)
-        picture.save(_sign(renders, "fullscreen", look, "Full screen", 0.618, 21), f"UI/Start/{name}.png")
-    picture.save(picture.halo(picture.shrink(picture.open_render(f"{renders}/tick.png"), SIGN_SCALE), 2, "ink", 0.7), "UI/Start/tick.png")
-
-
-def _sign(renders, name, look, words, middle, size):
-    """One look of one sign; middle is the words' centre as a part of the width."""
-    image = picture.open_render(f"{renders}/{name}_{look}.png")
-    scale = SIGN_SCALE
-    grow = 0.955 if look == "pressed" else 1.0
-    centre = image.height / 2 + ((image.height / 2 - 5 * scale) - (image.height - 30 * scale) / 2) * grow
-    x = image.width / 2 + (middle - 0.5) * image.width * grow
-    face = picture.font("display", round(size * scale * grow))
-    mask = picture.text_mask(image.size, words, face, (x, centre + 0.30 * size * scale * grow), 0.5 * scale, scale=1)
-    paint = {"normal": "cream", "hover": "flower_white", "pressed": "quill_shade", "disabled": "cream"}[look]
-    image = picture.carved(image, mask, scale, paint)
-    if look == "disabled":
-        image = picture.faded(image, 0.88, 0.86)
-    image = picture.shrink(image, scale)
-    return picture.halo(image, 4, "glow", 0.95) if look == "hover" else picture.halo(image, 2, "ink", 0.35)
-
-
 def cloud(renders):
     """A cloud with soft edges that thins out at its base."""
     image = picture.open_render(f"{renders}/cloud.png")
@@ -137,7 +110,7 @@ def cloud(renders):
     filled = Image.alpha_composite(Image.new("RGBA", image.size, (*palette.rgb("cloud"), 255)), image)
     filled = picture.blurred(filled, 2.2)
     filled.putalpha(Image.fromarray(numpy.rint(alpha).astype(numpy.uint8), "L"))
-    picture.save(picture.shrink(filled, 2), "UI/Start/cloud.png")
+    picture.save(picture.shrink(filled, 2), "UI/FixedBack/cloud.png")
 
 
 def icon(renders):
@@ -170,3 +143,81 @@ def _flourish(ground, x, y, half, colour):
         draw.polygon([((x + side * 14) * k, (y - 1.1) * k), ((x + side * half) * k, y * k), ((x + side * 14) * k, (y + 1.1) * k)], fill=255)
     draw.polygon([((x - 7) * k, y * k), (x * k, (y - 4.5) * k), ((x + 7) * k, y * k), (x * k, (y + 4.5) * k)], fill=255)
     return picture.fill(ground, mask.resize(ground.size, Image.LANCZOS), colour)
+
+
+def widgets(renders):
+    """Boards, panels, sliders, fields and bubbles: what all screens are built of."""
+    def put(image, name):
+        picture.save(picture.shrink(image, wood.SCALE), f"UI/Widgets/{name}.png")
+
+    def button(image, name):
+        picture.save(picture.row_of([picture.shrink(look, wood.SCALE) for look in wood.looks_of(image)], 4), f"UI/Widgets/{name}.png")
+
+    def single(image, name):
+        for look, shown in zip(LOOKS, wood.looks_of(image)):
+            put(shown, name + ("" if look == "normal" else "_" + look))
+
+    boards = (("board_wide", (252, 60), 1), ("board_mid", (212, 56), 1), ("board", (160, 56), 1), ("board_small", (146, 50), 1))
+    for name, size, rows in boards:
+        button(wood.board(name, size, rows), name)
+    for mark in ("up", "down", "left", "right", "cross"):
+        button(wood.knob("knob", 44, mark), f"arrow_{mark}" if mark != "cross" else "delete")
+    put(wood.panel("panel", (680, 520)), "panel")
+    put(wood.panel("dialog", (460, 260), 20), "dialog")
+    put(wood.panel("wide", (500, 390), 22), "dialog_tall")
+    put(wood.panel("menu", (320, 500), 22), "menu")
+    put(wood.panel("players", (560, 430), 22), "players")
+    put(wood.sunken("field", (440, 48)), "field")
+    put(wood.sunken("list", (392, 186)), "list")
+    put(wood.on_shadow(wood.board("plate", (250, 66), 2), 2, 3), "plate")
+    picture.save(picture.row_of([picture.shrink(look, wood.SCALE) for look in wood.list_row((370, 34))], 4), "UI/Widgets/list_row.png")
+    put(wood.sunken("groove", (280, 18), "wood"), "groove")
+    put(wood.bar_fill((272, 10)), "groove_fill")
+    single(wood.wheel(44), "wheel")
+    single(wood.box_to_tick(48), "tickbox")
+    put(wood.sunken("loading", (440, 34), "wood", 4), "bar")
+    put(wood.bar_fill((424, 18)), "bar_fill")
+    put(wood.rope(360), "rope")
+    for corner in ("UpLeft", "UpRight", "DownLeft", "DownRight"):
+        put(wood.bubble("tip", (290, 84), corner), f"tip_{corner}")
+    picture.save(picture.halo(picture.shrink(picture.open_render(f"{renders}/tick.png"), wood.SCALE), 2, "ink", 0.7), "UI/Widgets/tick.png")
+    picture.save(wood.blob_shadow((80, 28)), "UI/FixedBack/shadow.png")
+    caret = Image.new("RGBA", (2, 26), (*palette.rgb("ink"), 255))
+    picture.save(caret, "UI/Widgets/caret.png")
+    picture.save(wood.lettering("Brindle", (460, 150), 108, 2), "UI/Widgets/title.png")
+
+
+def interface(renders):
+    """The loading screen, the bees' meadow and the pictures of the help."""
+    back = picture.sky(SCREEN, 175)
+    back.alpha_composite(picture.shrink(picture.open_render(f"{renders}/load.png"), 2))
+    picture.save(picture.vignette(picture.graded(back), 0.45), "UI/Load/back.jpg")
+    picture.save(_framed(_vista(renders, "hive", 62), wood.SCALE), "UI/Exit/meadow.png")
+    for mood in range(3):
+        bee = picture.shrink(picture.open_render(f"{renders}/bee_{mood}.png"), 2)
+        picture.save(picture.halo(bee, 3, "ink", 0.5), f"UI/Exit/bee{mood}.png")
+    for page in range(3):
+        picture.save(_framed(_vista(renders, f"help_{page}", 70), wood.SCALE), f"UI/Help/page{page + 1}.png")
+
+
+def _vista(renders, name, horizon):
+    """A small render before its sky."""
+    land = picture.shrink(picture.open_render(f"{renders}/{name}.png"), 2)
+    ground = picture.sky(land.size, horizon)
+    ground.alpha_composite(land)
+    return picture.vignette(picture.graded(ground), 0.35)
+
+
+def _framed(image, scale):
+    """A picture in a thin wooden frame with round corners, 10 pixels wider on each side."""
+    size = (image.width + 20, image.height + 20)
+    full = (size[0] * scale, size[1] * scale)
+    inside = wood.rounded(full, (10 * scale, 10 * scale, full[0] - 10 * scale, full[1] - 10 * scale), 5 * scale)
+    outside = wood.rounded(full, (4 * scale, 4 * scale, full[0] - 4 * scale, full[1] - 4 * scale), 9 * scale)
+    frame = Image.new("RGBA", full, (0, 0, 0, 0))
+    frame.paste(image.resize((image.width * scale, image.height * scale), Image.LANCZOS), (10 * scale, 10 * scale))
+    frame.putalpha(inside)
+    ring = wood.wooden("frame", full, ImageChops.subtract(outside, inside))
+    shade = picture.shifted(picture.blurred(ring.getchannel("A"), 2 * scale), scale, 2 * scale)
+    frame = picture.fill(frame, ImageChops.multiply(shade, inside), "ink", 0.5)
+    return picture.shrink(wood.on_shadow(Image.alpha_composite(frame, ring), 1, 2), scale)

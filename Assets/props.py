@@ -322,15 +322,16 @@ def bunker():
     return m.build(0.02)
 
 
-def signpost(height=8.0, reach=7.2):
-    """A tall post with an arm towards -x, for signs to hang from."""
+def signpost(height=13.4, reach=9.3):
+    """A tall post with an arm towards -x, for boards to hang from."""
     m = scene.Model("signpost")
-    m.prism((0, 0, -0.5), 0.34, 0.26, height + 0.9, 8, "timber", spin=0.2)
-    m.prism((0, 0, height + 0.4), 0.36, 0.05, 0.45, 8, "roof", spin=0.2)
-    m.box((-reach / 2 + 0.5, 0, height - 0.45), (reach + 0.2, 0.3, 0.34), "plank")
-    m.box((-reach + 0.42, 0, height - 0.45), (0.28, 0.38, 0.44), "plank_light")
-    beam(m, (-0.05, -0.02, height - 2.3), (-1.9, -0.02, height - 0.55), 0.22, "plank")
-    for i in range(5):
-        a = i * 1.3
-        m.blob((0.5 * math.cos(a), 0.5 * math.sin(a), 0.05), 0.3, "rock", rough=0.2, squash=0.7)
+    m.prism((0, 0, -0.5), 0.42, 0.3, height + 0.9, 8, "timber", spin=0.2)
+    m.prism((0, 0, height + 0.4), 0.44, 0.05, 0.55, 8, "roof", spin=0.2)
+    m.box((-reach / 2 + 0.5, 0, height - 0.45), (reach + 0.2, 0.34, 0.36), "plank")
+    m.box((-reach + 0.42, 0, height - 0.45), (0.3, 0.42, 0.46), "plank_light")
+    beam(m, (-0.05, -0.02, height - 2.0), (-1.6, -0.02, height - 0.55), 0.24, "plank")
+    beam(m, (0.05, -0.02, height - 1.5), (0.95, -0.02, height - 0.6), 0.2, "plank")
+    for i in range(6):
+        a = i * 1.1
+        m.blob((0.6 * math.cos(a), 0.6 * math.sin(a), 0.05), 0.34, "rock", rough=0.2, squash=0.7)
     return m.build(0.04)

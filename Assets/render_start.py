@@ -31,7 +31,7 @@ def main():
     hub = (round(hub[0]), round(hub[1]))
     if "back" in wanted:
         tower.visible_camera = False
-        scene.render(f"{out}/back.png", SIZE, 72)
+        scene.render(f"{out}/back.png", SIZE, 40)
         tower.visible_camera = True
     if "mill" in wanted:
         window = _mill_window(tower)

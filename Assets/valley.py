@@ -27,7 +27,7 @@ FIELDS = [(15, 27.5, 25, 34.5, 0.35), (-16, 27, -5, 37, -0.12), (-31, 30, -19, 4
           (-52, 56, -34, 70, -0.2), (8, 74, 26, 92, 0.15)]
 
 
-def _between(knots, at):
+def between(knots, at):
     """A smooth curve through knots of (place, value)."""
     i = min(max(bisect.bisect_right(knots, (at, 1e9)) - 1, 0), len(knots) - 2)
     (a, p), (b, q) = knots[i], knots[i + 1]
@@ -40,7 +40,7 @@ def _between(knots, at):
 
 
 def river(y):
-    return _between(RIVER, y)
+    return between(RIVER, y)
 
 
 def river_width(y):
@@ -80,8 +80,8 @@ def _along(path, step):
     out = []
     for i in range(int(total / step) + 1):
         s = i * step
-        x, y = _between(xs, s), _between(ys, s)
-        out.append((x, y, math.atan2(_between(ys, s + 0.1) - y, _between(xs, s + 0.1) - x)))
+        x, y = between(xs, s), between(ys, s)
+        out.append((x, y, math.atan2(between(ys, s + 0.1) - y, between(xs, s + 0.1) - x)))
     return out
 
 
@@ -212,7 +212,7 @@ def _free(x, y, roads, margin):
 
 
 def _calm(x, y):
-    """Where the signs hang and around the mill's wheel no tree stands in the way."""
+    """Where the boards hang and around the mill's wheel no tree stands in the way."""
     depth = y - EYE[1]
     column, row = 400 + 889 * x / depth, 167 + 889 * (EYE[2] - land(x, y)) / depth
     return (column > 500 and row > 345) or (column < 330 and row > 240 and y < 40)

@@ -3,12 +3,17 @@
 #include <cstdio>
 #include <memory>
 
+#include "Engine/Ui/Profile.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Engine.h"
 #include "Engine/core/Log.h"
 #include "Engine/core/StringManager.h"
+#include "Engine/core/TextConvert.h"
+#include "Game/Ui/Game.h"
+#include "Game/Ui/GameSounds.h"
+#include "Game/Ui/GameStrings.h"
+#include "Game/Ui/Music.h"
 #include "Game/Ui/Preload.h"
-#include "Game/Ui/StartScreen.h"
 
 using namespace Engine;
 
@@ -17,17 +22,42 @@ namespace {
 constexpr char restart_text[] = "Restart the game please.";
 constexpr char report_title[] = "Error call stack:";
 
-/// The game itself, on an engine that stands.
-void play(cEngine& engine) {
+/// What lives as long as the game does, on an engine that stands. Goes before the engine, of which it needs most: the
+/// player's properties are written here.
+struct sGameManagers {
+    std::unique_ptr<cGameSounds> sounds;
+    std::unique_ptr<cGameStrings> strings;
+
+    sGameManagers() = default;
+    sGameManagers(const sGameManagers&) = delete;
+    sGameManagers& operator=(const sGameManagers&) = delete;
+    ~sGameManagers() {
+        Music::stop();
+        cProfile::close();
+    }
+};
+
+/// The game itself.
+void play(cEngine& engine, sGameManagers& managers) {
     ENGINE_MARK;
-    new cPreload([] { new cStartScreen; });
+    cProfile::setInitHook(cGame::onInitProfile);
+    managers.sounds = std::make_unique<cGameSounds>();
+    managers.strings = std::make_unique<cGameStrings>();
+    new cPreload(cGame::onProfileExist, cGame::onCreateNewProfile);
     engine.process();
+}
+
+/// What a player is told after a failure, in his language. The failure may have been that of the texts.
+WString getRestartText() {
+    const cGameStrings* strings = cGameStrings::getInstance();
+    const WString text = strings ? strings->getString("restart_game") : toWide(restart_text);
+    return cStringManager::getInstance()->getString(text);
 }
 
 /// A failure in the game: the player is told, the engine is taken down in order.
 void reportGameFailure(Platform::iPlatform& platform) {
     const String report = String(currentFailure());  // what follows may fail too
-    platform.showMessageBox(u"Error", cStringManager::getInstance()->getString(u"restart_game"));
+    platform.showMessageBox(u"Error", getRestartText());
     reportError(report, report_title);
     callStackText().clear();
 }
@@ -48,8 +78,9 @@ Int runGame(Platform::iPlatform& platform) {
         sContext context;
         context.instance = &platform;
         const auto engine = std::make_unique<cEngine>(context);
+        sGameManagers managers;
         try {
-            play(*engine);
+            play(*engine, managers);
         } catch (...) {
             reportGameFailure(platform);
         }

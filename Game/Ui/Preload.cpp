@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Engine/Ui/LoadView.h"
+#include "Engine/Ui/Profile.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/FileManager.h"
 #include "Engine/core/Timer.h"
@@ -20,7 +21,8 @@ constexpr UInt logo_count = 3;
 
 }  // namespace
 
-cPreload::cPreload(fContinue continue_new) : cPicture(nullptr), m_continue_new(continue_new) {
+cPreload::cPreload(fContinue continue_profile, fContinue continue_new)
+    : cPicture(nullptr), m_continue_profile(continue_profile), m_continue_new(continue_new) {
     ENGINE_MARK;
     loadView(*this, "UI/logo.xml");
     switchState();
@@ -85,6 +87,9 @@ void cPreload::finish() {
     if (m_ended)
         return;
     m_ended = true;
-    m_continue_new();
+    if (cProfile::getCurrentUser().empty())
+        m_continue_new();
+    else
+        m_continue_profile();
     discardTransparently();
 }
