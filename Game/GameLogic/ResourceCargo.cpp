@@ -1,0 +1,26 @@
+#include "Game/GameLogic/ResourceCargo.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+#include "Engine/core/Arch.h"
+#include "Engine/core/Keys.h"
+
+void sResourceCargo::loadXML(const Engine::iXML* xml) {
+    static constexpr const char16_t* keys[resource_count] = {u"Money", u"Food", u"Wood", u"Stone", u"Iron"};
+    amounts.fill(0);
+    for (std::size_t i = 0; i < amounts.size(); ++i)
+        Engine::readKey(*xml, keys[i], amounts[i]);
+}
+
+Int sResourceCargo::total(Bool with_money) const {
+    using LIMITS = std::numeric_limits<Int>;
+    const auto sum = std::accumulate(amounts.begin() + (with_money ? 0 : 1), amounts.end(), LongLong{0});
+    return static_cast<Int>(std::clamp<LongLong>(sum, LIMITS::min(), LIMITS::max()));
+}
+
+void sResourceCargo::serialize(Engine::iArch& arch) {
+    for (Int& amount : amounts)
+        arch << amount;
+}

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "Game/GameUI/Tactic/PointInfo.h"
+#include "Game/Types.h"
+
+/// Point indices of a way: first the start, last the destination, both included. A way from a point to itself has that
+/// point twice.
+using PATH_HOLDER = std::vector<Int>;
+
+/// The distance of no way.
+inline constexpr Float no_way = 100000.0f;
+
+/// What a walker may do.
+struct sWalkRules {
+    Float cross_country = 1.0f;  ///< speed off roads in parts of that on roads; 0 keeps to roads
+    Bool for_player = true;      ///< the player's man: stays off enemy roads and out of enemy buildings
+    Bool use_gates = true;       ///< standing fences of the other side are closed to him
+    Bool avoid_idols = false;    ///< an enemy who goes round idols
+};
+
+/// What stands on a point, as far as ways depend on it; a bit set.
+enum ePointFlag : std::uint8_t {
+    pointEnemyObject = 0x01,  ///< an enemy building or catapult
+    pointBunker = 0x02,
+    pointIdol = 0x04,  ///< an idol, standing or proposed
+    pointPlayerConnected = 0x08,
+    pointPlayerFence = 0x10,  ///< an end of a standing player fence: a gate, closed to the enemy
+    pointEnemyFence = 0x20,   ///< an end of a standing enemy fence
+};
+
+/// Finds ways over the graph of a level.
+///
+/// Works on a flat copy of the arcs, made by build(); every later change of an arc's type or of what stands on a point
+/// has to be told. Each search expands points in the order of their distance, of equal distances the lower index first,
+/// and takes a shorter way only if it is strictly shorter: so there is one answer. Searches do not nest: distances are
+/// those of the last one. Nothing is allocated once the first search has run.
+class cPathSearch {
+public:
+    void build(const POINTS& points);
+    /// Of the arc in both directions; nothing without such an arc.
+    void setArcType(Int a, Int b, Int type);
+    /// @param flag  not one of the fences: these follow the arcs' types
+    void setPointFlag(Int point, ePointFlag flag, Bool set);
+    Bool hasPointFlag(Int point, ePointFlag flag) const { return (m_points[toPlace(point)].flags & flag) != 0; }
+    Int getPointCount() const { return static_cast<Int>(m_points.size()); }
+
+    /// The way of a walker. False, and an empty path, if there is none.
+    ///
+    /// Refused are: a start on an enemy object for the player; points behind gates closed to the walker; for the
+    /// player enemy objects and enemy roads; idols where these are avoided; standing fences and places of bridge roads
+    /// for all. On roads, bridge roads of the player and inside buildings an arc costs its length, elsewhere its length
+    /// divided by cross_country.
+    Bool getBestPath(Int src, Int dst, PATH_HOLDER& path, const sWalkRules& rules);
+    /// Where a road that is dragged from one point to another would run: by length alone, not through closed gates,
+    /// enemy objects, places of fences and of player bridge roads.
+    Bool getBestPathForDraggedRoad(Int src, Int dst, PATH_HOLDER& path);
+    /// The shortest way from a point to the player's net. A point of the net has a way of that one point.
+    Bool getBestPathForRoadPlan(Int src, PATH_HOLDER& path);
+    /// Follows the water lane to its end, of several lanes that with the lowest index; gives the last point.
+    Int getShipPath(Int src, PATH_HOLDER& path);
+
+    /// The length, as the last search counted it, of the way to a point it reached; else no_way.
+    Float getDistance(Int point) const { return m_dists[toPlace(point)]; }
+    Float getPathLength(const PATH_HOLDER& path) const { return path.empty() ? no_way : getDistance(path.back()); }
+
+    /// The points that a side reaches from one of its own by its roads, bridge roads and through buildings. Its flood
+    /// reaches the other side's standing fences and does not pass them, and the player's does not pass bunkers.
+    /// @param reached  one for each point, added to
+    void floodPlayer(Int src, std::vector<char>& reached);
+    void floodEnemy(Int src, std::vector<char>& reached);
+
+    /// Looks from a point outwards, arc by arc, for the nearest point that is wanted; -1 if there is none. Of points
+    /// equally many arcs away the first found wins, neighbours being taken in the order of their index.
+    /// @param is_goal    Bool(Int point); may be called twice for a point
+    /// @param arc_types  bit n set: arcs of type n are followed
+    template <class GOAL>
+    Int breadthSearch(Int src, std::uint32_t arc_types, GOAL is_goal);
+
+private:
+    struct sPoint {
+        UInt first_arc = 0;
+        UInt arc_end = 0;
+        std::uint8_t flags = 0;
+    };
+    struct sArc {
+        UInt to = 0;
+        Float length = 0.0f;
+        UInt type = 0;
+    };
+    /// What a search refuses and what it pays.
+    struct sRules {
+        std::uint8_t refused_points = 0;  ///< ePointFlag
+        std::uint8_t wanted_points = 0;   ///< ends at the first point with one of these; 0: ends at dst
+        std::uint32_t refused_arcs = 0;   ///< bit n: type n
+        std::uint32_t plain_arcs = ~0u;   ///< bit n: type n costs its length
+        Float cross_country = 1.0f;       ///< divides the length of the other types
+    };
+    class cQueue;
+
+    static std::size_t toPlace(Int point) { return static_cast<std::size_t>(point); }
+    void updateFenceFlags(Int point);
+    sArc* findArc(Int from, Int to);
+    Int search(UInt src, UInt dst, const sRules& rules);
+    Bool collectPath(Int src, Int dst, PATH_HOLDER& path) const;
+    void flood(Int src, std::uint32_t arc_types, std::uint8_t stopping_points, std::vector<char>& reached);
+
+    std::vector<sPoint> m_points;
+    std::vector<sArc> m_arcs;  ///< those of one point side by side, in the order of their neighbours
+    std::vector<Float> m_dists;
+    std::vector<Int> m_preds;
+    std::vector<std::uint64_t> m_open;  ///< heap of four children a node: distance above, index below
+    std::vector<Int> m_queue;
+    std::vector<char> m_visited;
+};
+
+template <class GOAL>
+Int cPathSearch::breadthSearch(Int src, std::uint32_t arc_types, GOAL is_goal) {
+    m_visited.assign(m_points.size(), 0);
+    m_queue.assign(1, src);
+    m_visited[toPlace(src)] = 1;
+    for (std::size_t next = 0; next < m_queue.size(); ++next) {
+        const Int current = m_queue[next];
+        if (is_goal(current))
+            return current;
+        const sPoint& point = m_points[toPlace(current)];
+        for (UInt i = point.first_arc; i < point.arc_end; ++i) {
+            const sArc& arc = m_arcs[i];
+            if (m_visited[arc.to] || !(arc_types >> arc.type & 1))
+                continue;
+            m_visited[arc.to] = 1;
+            m_queue.push_back(static_cast<Int>(arc.to));
+        }
+    }
+    return -1;
+}
