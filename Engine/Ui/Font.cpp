@@ -66,6 +66,8 @@ cTrueType& cFont::getTrueType() {
 }
 
 void cFont::read(std::span<const std::uint8_t> bytes) {
+    const String place = "cFont::read(\"" + getName() + "\")";  // a cut file's failure names no file itself
+    ENGINE_MARK_TEXT(place.c_str());
     cFontReader reader(bytes);
     if (bytes.size() < sizeof(magic) || reader.read<UInt>() != magic)
         throw String("Specified resourse (" + getName() + ") is not font.");
