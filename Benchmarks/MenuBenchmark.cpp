@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <new>
 
+#include "Benchmarks/CountAllocations.h"
 #include "Engine/Ui/ViewSets.h"
 #include "Engine/core/Logic.h"
 #include "Engine/platform/headless/HeadlessPlatform.h"
@@ -14,26 +14,6 @@
 #include "Game/Ui/MainMenu.h"
 
 using namespace Engine;
-
-namespace {
-
-std::size_t allocations = 0;
-
-}  // namespace
-
-// Not inlined, so that the compiler doesn't pair malloc with delete.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 

@@ -15,9 +15,9 @@
 #include <SFML/Graphics.hpp>
 #include <cmath>
 #include <cstdlib>
-#include <new>
 #include <random>
 
+#include "Benchmarks/CountAllocations.h"
 #include "Engine/core/FileManager.h"
 #include "Engine/core/Settings.h"
 #include "Engine/graphics/Graphics.h"
@@ -29,26 +29,6 @@
 #undef glDrawArrays
 /// Stands before the driver's own for whoever is linked with it by name, which is SFML alone.
 extern "C" __attribute__((visibility("default"))) void glDrawArrays(GLenum, GLint, GLsizei) {
-}
-
-namespace {
-
-std::size_t allocations = 0;
-
-}  // namespace
-
-// Not inlined, so that the compiler doesn't pair malloc with delete.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
 }
 
 namespace {

@@ -8,8 +8,8 @@
 
 #include <cstdlib>
 #include <glm/gtc/matrix_transform.hpp>
-#include <new>
 
+#include "Benchmarks/CountAllocations.h"
 #include "Engine/core/Constants.h"
 #include "Engine/core/FileManager.h"
 #include "Engine/core/ResourceManager.h"
@@ -20,26 +20,6 @@
 #include "Tests/Support/OffscreenDisplay.h"
 #include "Tests/Support/TempDirectory.h"
 #include "Tests/Support/UnitFiles.h"
-
-namespace {
-
-std::size_t allocations = 0;
-
-}  // namespace
-
-// Not inlined, so that the compiler doesn't pair malloc with delete.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
