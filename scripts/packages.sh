@@ -7,7 +7,8 @@ PACKAGES_BUILD="g++ cmake ninja-build ccache pkg-config
   libfreetype-dev libharfbuzz-dev libfribidi-dev"
 PACKAGES_RUN="libgl1 libegl1 libgl1-mesa-dri"
 PACKAGES_TEST="libgtest-dev nlohmann-json3-dev clang libclang-rt-14-dev clang-format clang-tidy"
-PACKAGES_BENCHMARK="libbenchmark-dev libxml2-dev libzip-dev libphysfs-dev libsfml-dev fonts-vollkorn"
+PACKAGES_BENCHMARK="libbenchmark-dev libxml2-dev libzip-dev libphysfs-dev libsfml-dev fonts-vollkorn
+  libboost-graph-dev liblemon-dev"
 
 # install_packages NAME...: installs those that are not there; root, or a user with sudo.
 install_packages() {
