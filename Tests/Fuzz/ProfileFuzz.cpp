@@ -3,8 +3,6 @@
 // The first byte tells which file the rest is: the list of players or the file of the first one. A player comes, plays
 // and goes, twice; whatever the files were, his property is there the second time, and no failure comes up.
 
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -16,37 +14,32 @@
 #include "Engine/core/FileManager.h"
 #include "Engine/core/Log.h"
 #include "Engine/core/ResourceManager.h"
+#include "Tests/Fuzz/TemporaryDirectory.h"
 
 namespace {
 
 using namespace Engine;
-
-void require(Bool holds) {
-    if (!holds)
-        std::abort();
-}
+using Fuzz::require;
 
 /// A data directory and a writable one, for the whole run, gone with it.
 class cHome {
 public:
-    cHome() : m_path((std::filesystem::temp_directory_path() / "brindle_fuzz_XXXXXX").string()) {
-        require(::mkdtemp(m_path.data()) != nullptr);
-        std::filesystem::create_directories(m_path + "/data/sys");
-        std::ofstream(m_path + "/data/sys/constants.xml")
+    cHome() {
+        std::filesystem::create_directories(getPath() + "/data/sys");
+        std::ofstream(getPath() + "/data/sys/constants.xml")
             << R"(<main><game app_directory="fuzz" profiles="p"/></main>)";
     }
-    ~cHome() { std::filesystem::remove_all(m_path); }
 
     /// Nothing but this file lies where the players' files do.
     void begin(const String& name, const std::string& bytes) const {
-        std::filesystem::remove_all(m_path + "/home");
-        std::filesystem::create_directories(m_path + "/home/fuzz/p");
-        std::ofstream(m_path + "/home/fuzz/p/" + name, std::ios::binary) << bytes;
+        std::filesystem::remove_all(getPath() + "/home");
+        std::filesystem::create_directories(getPath() + "/home/fuzz/p");
+        std::ofstream(getPath() + "/home/fuzz/p/" + name, std::ios::binary) << bytes;
     }
-    const std::string& getPath() const { return m_path; }
+    const std::string& getPath() const { return m_directory.getPath(); }
 
 private:
-    std::string m_path;
+    Fuzz::cTemporary m_directory;
 };
 
 }  // namespace

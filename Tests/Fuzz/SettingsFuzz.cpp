@@ -3,8 +3,6 @@
 // The input is "sys/settings.xml" itself. What can be read is asked for, changed to texts taken from the input, saved
 // and read again: every key must come back.
 
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -14,39 +12,31 @@
 #include "Engine/core/FileManager.h"
 #include "Engine/core/ResourceManager.h"
 #include "Engine/core/Settings.h"
+#include "Tests/Fuzz/TemporaryDirectory.h"
 
 namespace {
 
 using namespace Engine;
+using Fuzz::require;
 
 constexpr const char* file_name = "sys/settings.xml";
-
-void require(Bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 /// A data directory and an empty writable one, for the whole run, gone with it.
 class cHome {
 public:
-    cHome() : m_path((std::filesystem::temp_directory_path() / "brindle_fuzz_XXXXXX").string()) {
-        require(::mkdtemp(m_path.data()) != nullptr);
-        std::filesystem::create_directories(m_path + "/data/sys");
+    cHome() {
+        std::filesystem::create_directories(m_directory.getPath() + "/data/sys");
         write("constants.xml", "<main><game app_directory=\"fuzz\"/></main>");
         write("settings.xml", "<main/>");
-        m_files.emplace(m_path + "/data", "pack", m_path + "/home/");
-    }
-    ~cHome() {
-        m_files.reset();
-        std::filesystem::remove_all(m_path);
+        m_files.emplace(m_directory.getPath() + "/data", "pack", m_directory.getPath() + "/home/");
     }
 
     void write(const String& name, const std::string& bytes) const {
-        std::ofstream(m_path + "/data/sys/" + name, std::ios::binary) << bytes;
+        std::ofstream(m_directory.getPath() + "/data/sys/" + name, std::ios::binary) << bytes;
     }
 
 private:
-    std::string m_path;
+    Fuzz::cTemporary m_directory;  ///< first made, last to go
     std::optional<cFileManager> m_files;
 };
 
