@@ -47,18 +47,13 @@ cControl::cControl(cView* parent) : cView(parent) {
 
 cControl::cControl(const cControl& other) = default;
 
-cControl::~cControl() {
-    UI::getDrawSet().erase(getDrawKey());
-}
-
-sDrawKey cControl::getDrawKey() const {
-    return {m_deep, getCreationNumber()};
-}
+cControl::~cControl() = default;
 
 void cControl::process() {
-    if (m_is_aniblend && m_aniblend_rest > 0.0f) {
-        m_aniblend_rest = std::max(m_aniblend_rest - cTimer::getInstance()->getStep(), 0.0f);
-        m_unit.blend = m_aniblend_rest / m_anim_blend_time;
+    if (m_solid.get().is_aniblend && m_solid.get().aniblend_rest > 0.0f) {
+        sSolid& solid = m_solid.make();
+        solid.aniblend_rest = std::max(solid.aniblend_rest - cTimer::getInstance()->getStep(), 0.0f);
+        solid.unit.blend = solid.aniblend_rest / solid.anim_blend_time;
     }
     cView::process();
 }
@@ -82,26 +77,34 @@ void cControl::loadXML(const iXML* xml) {
     readDegrees(*xml, u"pitch", m_pitch);
     readDegrees(*xml, u"yaw", m_yaw);
     readKey(*xml, u"scale", m_scale);
-    readKey(*xml, u"LightingEnable", m_lighting_enable);
-    readKey(*xml, u"LightTable", m_light_table);
-    readKey(*xml, u"AmbientColor", m_ambient_color);
-    readKey(*xml, u"SpecularColor", m_specular_color);
-    readKey(*xml, u"EmissiveColor", m_emissive_color);
-    readKey(*xml, u"Power", m_power);
-    readKey(*xml, u"AnimBlendTime", m_anim_blend_time);
-    readKey(*xml, u"IsAniblend", m_is_aniblend);
+    loadSolid(*xml);
     cState::loadXML(xml);
     m_dirty = true;
 }
 
+void cControl::loadSolid(const iXML& xml) {
+    sSolid solid = m_solid.get();
+    const auto read = [&](const char16_t* key, auto& value) { return readKey(xml, key, value); };
+    Bool found = read(u"LightingEnable", solid.lighting_enable);
+    found |= read(u"LightTable", solid.light_table);
+    found |= read(u"AmbientColor", solid.ambient_color);
+    found |= read(u"SpecularColor", solid.specular_color);
+    found |= read(u"EmissiveColor", solid.emissive_color);
+    found |= read(u"Power", solid.power);
+    found |= read(u"AnimBlendTime", solid.anim_blend_time);
+    found |= read(u"IsAniblend", solid.is_aniblend);
+    if (found)
+        m_solid.make() = solid;
+}
+
 void cControl::showed() {
-    UI::getDrawSet().insert(getDrawKey(), this);
+    enterDrawSet();
     m_dirty = true;  // show() has set the transparency
     cView::showed();
 }
 
 void cControl::hid() {
-    UI::getDrawSet().erase(getDrawKey());
+    leaveDrawSet();
     cView::hid();
 }
 
@@ -118,7 +121,7 @@ void cControl::setMesh(iResource* mesh) {
 }
 
 void cControl::setAnimation(iResource* animation) {
-    const Bool blends = animation && m_is_aniblend && m_anim_blend_time > 0.0f && isShown();
+    const Bool blends = animation && isAniblend() && getAnimBlendTime() > 0.0f && isShown();
     if (blends && getMesh() && getAnimation())
         keepPose();
     else
@@ -134,15 +137,19 @@ void cControl::keepPose() {
         return endBlend();
     auto* animation = static_cast<cAnimation*>(getAnimation());
     animation->setTime(m_anim_time, bind);
-    m_unit.saved_matrices = animation->getMatrices();
-    m_unit.blend = 1.0f;
-    m_aniblend_rest = m_anim_blend_time;
+    sSolid& solid = m_solid.make();
+    solid.unit.saved_matrices = animation->getMatrices();
+    solid.unit.blend = 1.0f;
+    solid.aniblend_rest = solid.anim_blend_time;
 }
 
 void cControl::endBlend() {
-    m_aniblend_rest = 0.0f;
-    m_unit.blend = 0.0f;
-    m_unit.saved_matrices.clear();
+    if (!m_solid.isMade())
+        return;
+    sSolid& solid = m_solid.make();
+    solid.aniblend_rest = 0.0f;
+    solid.unit.blend = 0.0f;
+    solid.unit.saved_matrices.clear();
 }
 
 void cControl::setPosition(const Vector2& position) {
@@ -159,13 +166,12 @@ void cControl::setDeep(const Float& deep) {
     const Float delta = value - m_deep;
     if (delta == 0.0f)
         return;
-    forEachControl(getChildren(), [&](cControl* child) { child->setDeep(child->getDeep() + delta); });
-    auto& draw_set = UI::getDrawSet();
-    const Bool drawn = draw_set.contains(getDrawKey());
-    draw_set.erase(getDrawKey());
+    forEachControl(getChildren(), [&](cControl* child) {
+        if (!child->m_is_flat)
+            child->setDeep(child->getDeep() + delta);
+    });
     m_deep = value;
-    if (drawn)
-        draw_set.insert(getDrawKey(), this);
+    m_draw_place.move({m_deep, getCreationNumber()});
     m_dirty = true;
 }
 
@@ -203,7 +209,7 @@ void cControl::makeTransform() {
         animationFinished();
     wrapAnimTime();
     if (getMesh())
-        makeUnit(m_unit);
+        makeUnit(m_solid.make().unit);
     else if (m_double_anim_render)
         makeDoubleSprites();
     else
@@ -218,7 +224,7 @@ void cControl::makeDoubleSprites() {
     makeSprite(m_sprite, frame, std::min(1.0f, 2.0f * (1.0f - t)));
 
     const UInt next = m_anim_loop ? (frame + 1) % m_frames_count : std::min(frame + 1, m_frames_count - 1);
-    makeSprite(m_second_sprite, next, std::min(1.0f, 2.0f * t));
+    makeSprite(m_second_sprite.make(), next, std::min(1.0f, 2.0f * t));
 }
 
 void cControl::makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) const {
@@ -237,8 +243,8 @@ void cControl::makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) c
     color.a *= getRoot()->getTransparency() * alpha;
     const UInt packed = toPackedColor(color);
 
-    const Float cosine = std::cos(m_angle);
-    const Float sine = std::sin(m_angle);
+    const Float cosine = m_angle == 0.0f ? 1.0f : std::cos(m_angle);  // few controls are turned
+    const Float sine = m_angle == 0.0f ? 0.0f : std::sin(m_angle);
     const Vector2 half = m_size * Vector2(m_scale) * 0.5f;
     for (UInt i = 0; i < 4; ++i) {
         const Float x = i % 2 == 0 ? -half.x : half.x;
@@ -250,6 +256,7 @@ void cControl::makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) c
 }
 
 void cControl::makeUnit(iGraphics::sUnit& unit) const {
+    const sSolid& solid = m_solid.get();
     unit.mesh = static_cast<iMesh*>(getMesh());
     unit.animation = static_cast<cAnimation*>(getAnimation());
     unit.texture = static_cast<cTexture*>(getTexture());
@@ -259,15 +266,15 @@ void cControl::makeUnit(iGraphics::sUnit& unit) const {
     world = glm::rotate(world, m_pitch, Vector3(1.0f, 0.0f, 0.0f));
     world = glm::rotate(world, m_angle, Vector3(0.0f, 0.0f, 1.0f));
     unit.world = glm::scale(world, m_scale);
-    unit.material = {m_color, m_ambient_color, m_specular_color, m_emissive_color, m_power};
+    unit.material = {m_color, solid.ambient_color, solid.specular_color, solid.emissive_color, solid.power};
     unit.material.diffuse.a *= getRoot()->getTransparency();
-    unit.lighting = m_lighting_enable;
-    unit.light_table = m_light_table;
+    unit.lighting = solid.lighting_enable;
+    unit.light_table = solid.light_table;
 }
 
 const iGraphics::sUnit& cControl::getUnit() {
     makeTransform();
-    return m_unit;
+    return m_solid.get().unit;
 }
 
 const iGraphics::sSprite& cControl::getSprite() {

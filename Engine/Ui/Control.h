@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "Engine/Ui/RarePart.h"
 #include "Engine/Ui/State.h"
 #include "Engine/Ui/View.h"
 #include "Engine/Ui/ViewSets.h"
@@ -13,7 +14,7 @@ namespace Engine {
 ///
 /// Positions are logical units (800 x 600, y down) and mean the centre; angles are radians. The sprite is made again
 /// only after something has changed (the setters compare first). Children keep their distance to the parent: they move
-/// with setPosition() and setDeep().
+/// with setPosition() and, unless they are flat, setDeep().
 class cControl : public cView, public cState {
 public:
     using TASK = Bool (*)(cControl*);
@@ -62,24 +63,24 @@ public:
     virtual void setYaw(const Float& yaw) { change(m_yaw, yaw); }
     virtual Float getPitch() const { return m_pitch; }
     virtual void setPitch(const Float& pitch) { change(m_pitch, pitch); }
-    virtual Bool isLightingEnable() const { return m_lighting_enable; }
-    virtual void setLightingEnable(Bool lighting) { change(m_lighting_enable, lighting); }
-    virtual UInt getLightTable() const { return m_light_table; }
-    virtual void setLightTable(UInt table) { change(m_light_table, table); }
-    virtual const DXColor& getAmbientColor() const { return m_ambient_color; }
-    virtual void setAmbientColor(const DXColor& color) { change(m_ambient_color, color); }
-    virtual const DXColor& getSpecularColor() const { return m_specular_color; }
-    virtual void setSpecularColor(const DXColor& color) { change(m_specular_color, color); }
-    virtual const DXColor& getEmissiveColor() const { return m_emissive_color; }
-    virtual void setEmissiveColor(const DXColor& color) { change(m_emissive_color, color); }
-    virtual Float getPower() const { return m_power; }
-    virtual void setPower(const Float& power) { change(m_power, power); }
-    virtual Bool isAniblend() const { return m_is_aniblend; }
-    virtual void setIsAniblend(Bool aniblend) { m_is_aniblend = aniblend; }
-    virtual Float getAniblendRest() const { return m_aniblend_rest; }
-    virtual void setAniblendRest(const Float& rest) { m_aniblend_rest = rest; }
-    virtual Float getAnimBlendTime() const { return m_anim_blend_time; }
-    virtual void setAnimBlendTime(const Float& time) { m_anim_blend_time = time; }
+    virtual Bool isLightingEnable() const { return m_solid.get().lighting_enable; }
+    virtual void setLightingEnable(Bool lighting) { changeSolid(&sSolid::lighting_enable, lighting); }
+    virtual UInt getLightTable() const { return m_solid.get().light_table; }
+    virtual void setLightTable(UInt table) { changeSolid(&sSolid::light_table, table); }
+    virtual const DXColor& getAmbientColor() const { return m_solid.get().ambient_color; }
+    virtual void setAmbientColor(const DXColor& color) { changeSolid(&sSolid::ambient_color, color); }
+    virtual const DXColor& getSpecularColor() const { return m_solid.get().specular_color; }
+    virtual void setSpecularColor(const DXColor& color) { changeSolid(&sSolid::specular_color, color); }
+    virtual const DXColor& getEmissiveColor() const { return m_solid.get().emissive_color; }
+    virtual void setEmissiveColor(const DXColor& color) { changeSolid(&sSolid::emissive_color, color); }
+    virtual Float getPower() const { return m_solid.get().power; }
+    virtual void setPower(const Float& power) { changeSolid(&sSolid::power, power); }
+    virtual Bool isAniblend() const { return m_solid.get().is_aniblend; }
+    virtual void setIsAniblend(Bool aniblend) { m_solid.make().is_aniblend = aniblend; }
+    virtual Float getAniblendRest() const { return m_solid.get().aniblend_rest; }
+    virtual void setAniblendRest(const Float& rest) { m_solid.make().aniblend_rest = rest; }
+    virtual Float getAnimBlendTime() const { return m_solid.get().anim_blend_time; }
+    virtual void setAnimBlendTime(const Float& time) { m_solid.make().anim_blend_time = time; }
     virtual const Vector2& getPosition() const { return m_position; }
     virtual void setPosition(const Vector2& position);
     virtual UInt getRenderType() const { return m_render_type; }
@@ -109,15 +110,23 @@ public:
 
     const iGraphics::sSprite& getSprite();  ///< brought up to date
     /// The sprite of the next frame of the animation, as made with the last getSprite().
-    const iGraphics::sSprite& getSecondSprite() const { return m_second_sprite; }
+    const iGraphics::sSprite& getSecondSprite() const { return m_second_sprite.get(); }
 
     const iGraphics::sUnit& getUnit();  ///< brought up to date; of a control that has a mesh
 
     /// Adds a function that cPicture::process() calls each frame until it gives true.
     void addTask(TASK task) { m_tasks.push_back(task); }
     void setDirty() { m_dirty = true; }
+    /// Lets the control lie where it is when its parent's deep changes: a shadow, say.
+    void setFlat(Bool flat) { m_is_flat = flat; }
+    /// Nothing of it is drawn at present, though it is shown and keeps its place in the drawing order.
+    Bool isBlank() const { return m_blank; }
+    void setBlank(Bool blank) { m_blank = blank; }
+    void leaveDrawSet() { m_draw_place.leave(); }  ///< not drawn until it is shown again
 
 protected:
+    /// setPosition() for a control that never has children.
+    void moveAlone(const Vector2& position) { change(m_position, position); }
     void runTasks();
 
     template <class T>
@@ -132,39 +141,54 @@ protected:
     Vector2 toLocal(const Vector2& point) const;
 
 private:
-    sDrawKey getDrawKey() const;
+    /// What only a control with a mesh needs.
+    struct sSolid {
+        iGraphics::sUnit unit;
+        Bool lighting_enable = false;
+        UInt light_table = 0;
+        DXColor ambient_color{1, 1, 1, 1};
+        DXColor specular_color{1, 1, 1, 1};
+        DXColor emissive_color{1, 1, 1, 1};
+        Float power = 7.0f;
+        Bool is_aniblend = false;
+        Float aniblend_rest = 0.0f;     ///< seconds that the running blend of two poses still lasts
+        Float anim_blend_time = 0.15f;  ///< seconds
+    };
+
+    template <class T>
+    void changeSolid(T sSolid::*member, const T& value) {
+        if (m_solid.get().*member != value)
+            change(m_solid.make().*member, value);
+    }
+    void enterDrawSet() { m_draw_place.enter({m_deep, getCreationNumber()}, this); }
+    void loadSolid(const iXML& xml);
     void wrapAnimTime();
     void makeDoubleSprites();
     void keepPose();
     void endBlend();
 
-    Float m_angle = 0.0f;
-    Vector2 m_position{0.0f, 0.0f};
-    Vector2 m_size{1.0f, 1.0f};
+    // What a frame and a line of text ask of thousands of controls lies together, in front of what a letter adds.
+    cRarePart<sSolid> m_solid;
+    cRarePart<iGraphics::sSprite> m_second_sprite;
+    std::vector<TASK> m_tasks;
+    Float m_yaw = 0.0f;
+    Float m_pitch = 0.0f;
+    Float m_anim_time = 0.0f;  ///< seconds
     UInt m_render_type = 0;
     iGraphics::sSprite m_sprite;
-    iGraphics::sSprite m_second_sprite;
-    iGraphics::sUnit m_unit;
-    Float m_anim_time = 0.0f;  ///< seconds
-    Bool m_dirty = true;
-    std::vector<TASK> m_tasks;
+    Float m_angle = 0.0f;
+    Vector3 m_scale{1.0f, 1.0f, 1.0f};
+    cDrawPlace m_draw_place;
+    Float m_deep = 0.0f;
+    Vector2 m_position{0.0f, 0.0f};
+    Vector2 m_size{1.0f, 1.0f};
+    DXColor m_color{1, 1, 1, 1};
     Bool m_inverce_x = false;
     Bool m_inverce_y = false;
     Bool m_double_anim_render = false;
-    Vector3 m_scale{1.0f, 1.0f, 1.0f};
-    Float m_yaw = 0.0f;
-    Float m_pitch = 0.0f;
-    Bool m_lighting_enable = false;
-    UInt m_light_table = 0;
-    DXColor m_ambient_color{1, 1, 1, 1};
-    DXColor m_specular_color{1, 1, 1, 1};
-    DXColor m_emissive_color{1, 1, 1, 1};
-    Float m_power = 7.0f;
-    DXColor m_color{1, 1, 1, 1};
-    Float m_aniblend_rest = 0.0f;     ///< seconds that the running blend of two poses still lasts
-    Float m_anim_blend_time = 0.15f;  ///< seconds
-    Bool m_is_aniblend = false;
-    Float m_deep = 0.0f;
+    Bool m_dirty = true;
+    Bool m_blank = false;
+    Bool m_is_flat = false;  ///< its deep stays when its parent's changes
 };
 
 }  // namespace Engine

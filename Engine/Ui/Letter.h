@@ -5,9 +5,14 @@
 namespace Engine {
 
 /// One character of a line: a quad with its piece of the font's atlas.
+///
+/// A letter stands for the same place in the text as long as it lives. Where the present text has nothing to show it is
+/// blank.
 class cLetter final : public cControl {
 public:
     using cControl::cControl;
+
+    void setPosition(const Vector2& position) override { moveAlone(position); }  ///< it has no children
 
     /// In parts of the picture, 0 to 1, from its upper left corner.
     void setTextureRect(Float left, Float top, Float right, Float bottom);

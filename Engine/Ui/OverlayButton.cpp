@@ -38,7 +38,8 @@ void cOverlayButton::showed() {
 
 void cOverlayButton::process() {
     cAnimButton::process();
-    followButton();
+    if (m_overlay->isShow())
+        followButton();
 }
 
 void cOverlayButton::followButton() {
@@ -55,10 +56,14 @@ void cOverlayButton::setStatePicture(eButtonState state) {
     const Bool lit = state == eButtonState::hovered || state == eButtonState::pressed;
     if (lit == m_overlay->isShow())
         return;
-    if (lit)
+    if (lit) {
+        m_overlay->cState::operator=(*this);  // the button may look otherwise than it was loaded
+        m_overlay->setDirty();
+        followButton();
         m_overlay->show();
-    else
+    } else {
         m_overlay->hide();
+    }
 }
 
 }  // namespace Engine

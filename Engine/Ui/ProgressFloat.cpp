@@ -51,6 +51,11 @@ void cProgressFloat::setProgressCurrentValue(Float value) {
     progressChanged();
 }
 
+void cProgressFloat::setSide(eSide side) {
+    m_side = side;
+    setDirty();
+}
+
 void cProgressFloat::setMarker(cPicture* marker) {
     m_marker = marker;
     progressChanged();

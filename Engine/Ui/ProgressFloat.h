@@ -19,6 +19,7 @@ public:
     void setProgressMaxValue(Float value);
     Float getProgressCurrentValue() const { return m_current_value; }
     void setProgressCurrentValue(Float value);  ///< any; what is shown is limited to 0 .. max
+    void setSide(eSide side);
     /// A picture that is kept on the middle of the moving edge; null for none. Not owned, outlives the bar.
     void setMarker(cPicture* marker);
 

@@ -60,6 +60,8 @@ void cScrollBack::moveProcess() {
     m_speed = std::clamp(m_speed, -m_move_speed, m_move_speed);
     const Float delta = moveOffset(step * m_speed);
     updateArrows();
+    if (delta == 0.0f)
+        return;
     for (cControl* item : m_controls)
         item->setPosition(item->getPosition() + Vector2(delta, 0.0f));
 }
@@ -81,17 +83,21 @@ void cScrollBack::brake(Float step) {
     m_speed -= std::copysign(change, m_speed);
 }
 
-/// Gives the way that the panel went: less than asked for where it came to its end.
 Float cScrollBack::moveOffset(Float delta) {
     const Float before = m_offset;
     m_offset = std::clamp(before - delta, 0.0f, std::max(0.0f, m_map_width - getScreenWidth()));
     return before - m_offset;
 }
 
+void cScrollBack::hideArrows() {
+    m_has_arrows = false;
+    updateArrows();
+}
+
 void cScrollBack::updateArrows() {
     const Float strength = m_move_speed > 0.0f ? std::abs(m_speed) / m_move_speed : 0.0f;
-    updateArrow(*m_left_arrow, m_speed > 0.0f, strength);
-    updateArrow(*m_right_arrow, m_speed < 0.0f, strength);
+    updateArrow(*m_left_arrow, m_has_arrows && m_speed > 0.0f, strength);
+    updateArrow(*m_right_arrow, m_has_arrows && m_speed < 0.0f, strength);
 }
 
 void cScrollBack::updateArrow(cPicture& arrow, Bool shown, Float strength) {

@@ -30,10 +30,17 @@ public:
     /// One frame of scrolling.
     void moveProcess();
 
+protected:
+    const std::vector<cControl*>& getRegisteredControls() const { return m_controls; }
+    /// Moves the panel to the right. Gives the way that it went: less than asked for where it came to its end.
+    Float moveOffset(Float delta);
+    void resetOffset() { m_offset = 0.0f; }  ///< what is registered stays where it is
+    void stopMoving() { m_speed = 0.0f; }
+    void hideArrows();  ///< for good
+
 private:
     void accelerate(Float step);
     void brake(Float step);
-    Float moveOffset(Float delta);
     void updateArrows();
     void updateArrow(cPicture& arrow, Bool shown, Float strength);
 
@@ -42,6 +49,7 @@ private:
     cPicture* m_left_arrow;
     cPicture* m_right_arrow;
 
+    Bool m_has_arrows = true;
     Float m_map_width = 0.0f;
     Float m_offset = 0.0f;  ///< units, from 0 to the map's width less the screen's
     Float m_speed = 0.0f;   ///< units a second; above 0 the panel moves to the right, and the view to the left

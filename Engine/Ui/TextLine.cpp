@@ -226,6 +226,8 @@ void cTextLine::makeLetters() {
     m_height = 0.0f;
 
     m_visible.clear();
+    updateTexture();
+    showPlaces(text.size());
 
     const Float shift = getAlignShift();
     Float cursor = 0.0f;
@@ -236,7 +238,8 @@ void cTextLine::makeLetters() {
         else
             glyph = findGlyph(font, text[i]);
         if (!glyph) {
-            hideLetter(i);
+            if (i < m_letters.size() && m_letters[i])
+                m_letters[i]->setBlank(true);
             continue;
         }
         const Float advance = glyph->advance * atlas.x;
@@ -250,13 +253,38 @@ void cTextLine::makeLetters() {
         letter.setSize(size * m_multiplier);
         letter.setPosition({getPosition().x + x, getPosition().y});
         letter.setColor(getColor());
-        if (!letter.isShow())
-            letter.show();
+        letter.setBlank(false);
         m_visible.push_back(&letter);
         m_height = std::max(m_height, std::abs(letter.getSize().y));
     }
-    for (std::size_t i = text.size(); i < m_letters.size(); ++i)
-        hideLetter(i);
+}
+
+/// Shows the letters of places that the text has gained, hides those of places that it has lost.
+void cTextLine::showPlaces(std::size_t count) {
+    for (std::size_t i = m_place_count; i < std::min(count, m_letters.size()); ++i) {
+        if (m_letters[i])
+            m_letters[i]->show();
+    }
+    for (std::size_t i = count; i < std::min(m_place_count, m_letters.size()); ++i) {
+        if (m_letters[i])
+            m_letters[i]->hide();
+    }
+    m_place_count = count;
+}
+
+void cTextLine::updateTexture() {
+    if (m_letters_texture.get() == m_texture.get())
+        return;
+    m_letters_texture = m_texture;
+    for (cLetter* letter : m_letters) {
+        if (letter)
+            dress(*letter);
+    }
+}
+
+void cTextLine::dress(cLetter& letter) const {
+    letter.setTexture(m_texture.get());
+    letter.setRenderType(getRenderType());
 }
 
 /// The whole line as one picture.
@@ -286,24 +314,19 @@ Float cTextLine::getAlignShift() const {
 cLetter& cTextLine::takeLetter(std::size_t place) {
     if (place >= m_letters.size())
         m_letters.resize(place + 1, nullptr);
-    if (!m_letters[place]) {
+    const Bool is_new = !m_letters[place];
+    if (is_new) {
         m_letters[place] = new cLetter(this);
         m_letters[place]->enable();
+        dress(*m_letters[place]);
     }
     cLetter& letter = *m_letters[place];
     const Float deep = getDeep() + static_cast<Float>(place) * deep_step;
     if (letter.getDeep() != deep)
         letter.setDeep(deep);
-    if (letter.getTexture() != m_texture.get()) {
-        letter.setTexture(m_texture.get());
-        letter.setRenderType(getRenderType());
-    }
+    if (is_new)
+        letter.show();
     return letter;
-}
-
-void cTextLine::hideLetter(std::size_t place) {
-    if (place < m_letters.size() && m_letters[place] && m_letters[place]->isShow())
-        m_letters[place]->hide();
 }
 
 }  // namespace Engine

@@ -70,14 +70,18 @@ private:
     Bool isBlank(char16_t character) const;
     Vector2 getAtlasSize() const;
     cLetter& takeLetter(std::size_t place);
-    void hideLetter(std::size_t place);
+    void showPlaces(std::size_t count);
+    void updateTexture();
+    void dress(cLetter& letter) const;
     Float getAlignShift() const;
     void drawPicture();
 
     WString m_text;
     std::vector<cLetter*>
-        m_letters;  ///< children, by the character's place in the text; null where none was needed yet
-    std::vector<cLetter*> m_visible;  ///< those of the present text, from left to right; all others are hidden
+        m_letters;                  ///< children, by the character's place in the text; null where none was needed yet
+    std::size_t m_place_count = 0;  ///< characters of the present text; the letters behind them are hidden
+    std::vector<cLetter*> m_visible;  ///< those of the present text that are no blanks, from left to right
+    cResourceRef m_letters_texture;   ///< the atlas that the letters have
     Bool m_need_rebuild = true;
     cResourceRef m_font;
     String m_texture_name;  ///< of the atlas

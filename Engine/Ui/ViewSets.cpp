@@ -39,7 +39,9 @@ namespace UI {
 // The sets live as long as the program: a view that outlives its screen by mistake still finds them.
 
 cOrderedSet<sDrawKey, cControl>& getDrawSet() {
-    static auto* set = new cOrderedSet<sDrawKey, cControl>;
+    // A frame walks all of it, so its entries lie side by side.
+    static auto* memory = new std::pmr::unsynchronized_pool_resource;
+    static auto* set = new cOrderedSet<sDrawKey, cControl>(*memory);
     return *set;
 }
 
@@ -59,5 +61,22 @@ cOrderedSet<ULongLong, cView>& getTransparenty() {
 }
 
 }  // namespace UI
+
+void cDrawPlace::enter(const sDrawKey& key, cControl* control) {
+    if (!m_place)
+        m_place = UI::getDrawSet().insert(key, control);
+}
+
+void cDrawPlace::move(const sDrawKey& key) {
+    if (m_place)
+        m_place = UI::getDrawSet().move(*m_place, key);
+}
+
+void cDrawPlace::leave() {
+    if (!m_place)
+        return;
+    UI::getDrawSet().erase(*m_place);
+    m_place.reset();
+}
 
 }  // namespace Engine

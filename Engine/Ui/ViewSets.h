@@ -2,6 +2,7 @@
 
 #include <compare>
 #include <map>
+#include <optional>
 #include <set>
 
 #include "Engine/Ui/OrderedSet.h"
@@ -59,5 +60,22 @@ cPassSet& getAbsoluteEnabled();
 cOrderedSet<ULongLong, cView>& getTransparenty();
 
 }  // namespace UI
+
+/// A control's own place in the drawing order. A copy of the control has none until it is shown.
+class cDrawPlace {
+public:
+    cDrawPlace() = default;
+    cDrawPlace(const cDrawPlace&) {}
+    cDrawPlace& operator=(const cDrawPlace&) = delete;
+    ~cDrawPlace() { leave(); }
+
+    void enter(const sDrawKey& key, cControl* control);  ///< nothing if it has a place already
+    void move(const sDrawKey& key);                      ///< nothing without a place
+    void leave();
+    Bool isTaken() const { return m_place.has_value(); }
+
+private:
+    std::optional<cOrderedSet<sDrawKey, cControl>::PLACE> m_place;
+};
 
 }  // namespace Engine

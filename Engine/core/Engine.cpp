@@ -56,7 +56,8 @@ cEngine::cEngine(sContext& context) : m_instance(context.instance) {
 void cEngine::createManagers(sContext& context) {
     const String root = makeRoot(m_instance->getExecutablePath(), context.data_dir);
     random().setSeed(m_instance->getMilliseconds());
-    m_file_manager = std::make_unique<cFileManager>(root, "pack", m_instance->getWritableDirectory());
+    m_file_manager =
+        std::make_unique<cFileManager>(root, "pack", m_instance->getWritableDirectory(), context.writable_dir);
     m_resource_manager = std::make_unique<cResourceManager>();
     m_resource_manager->registerLoader(
         eResourceType::font, [](const String& name) { return std::make_unique<cFont>(name); }, true);

@@ -23,6 +23,7 @@ class cTimer;
 /// What the entry tells the engine.
 struct sContext {
     const char* data_dir = "Data";            ///< name of the data directory beside the executable
+    const char* writable_dir = "";            ///< the writable directory; empty: that of the machine and the data
     Platform::iPlatform* instance = nullptr;  ///< the machine below; outlives the engine
     Platform::iWindow* window = nullptr;      ///< a window to use; null: the engine makes one and notes it here
     Bool no_sound = false;                    ///< no sound manager

@@ -37,7 +37,7 @@ void noteLeftOut(const String& pack, const String& member) {
             ->getLog("files", true)
             ->printf("Pack '%s': member '%s' is left out, its name leads out of the data directory.", pack.c_str(),
                      member.c_str());
-    } catch (const String&) {
+    } catch (const std::string&) {
     }
 }
 
@@ -48,12 +48,15 @@ void forgetResource(const String& key) {
 
 }  // namespace
 
-cFileManager::cFileManager(const String& root_directory, const String& package_extention, const String& writable_base)
+cFileManager::cFileManager(const String& root_directory, const String& package_extention, const String& writable_base,
+                           const String& common_directory)
     : m_root_directory(toDirectory(root_directory)), m_package_extention(toLower(package_extention)) {
     ENGINE_MARK;
     toIndexDirectory(m_root_directory, "");
     indexPacks(m_root_directory, true);
     readAppDirectory(writable_base);
+    if (!common_directory.empty())
+        m_common_directory = toDirectory(common_directory);
     createDirectories(m_common_directory);
 
     INDEX shipped = std::exchange(m_index, {});
@@ -190,7 +193,7 @@ std::unique_ptr<iFile> cFileManager::create(const String& name, Bool overwrite) 
     };
     try {
         return std::make_unique<cAtomicFile>(path, overwrite, enter);
-    } catch (const String& reason) {
+    } catch (const std::string& reason) {
         throw String(text + reason);
     }
 }
@@ -266,7 +269,7 @@ void moveToOtherDisk(const String& from, const String& path, const String& failu
         cAtomicFile target(path, true, {});
         copyBytes(from, source, target);
         target.close();
-    } catch (const String& reason) {
+    } catch (const std::string& reason) {
         throw String(failure + reason);
     }
     ::unlink(from.c_str());

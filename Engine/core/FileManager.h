@@ -38,9 +38,13 @@ public:
     /// @param root_directory       the data directory
     /// @param package_extention    extension of packs, without the dot
     /// @param writable_base        directory in which the program's own writable directory is made, with a trailing "/"
+    /// @param common_directory     the program's own writable directory itself, in place of one below the base; empty
+    /// for
+    ///                             none
     /// Throws the plain string "app_directory not defined." if "sys/constants.xml" names no directory, and whatever
     /// reading that file throws.
-    cFileManager(const String& root_directory, const String& package_extention, const String& writable_base);
+    cFileManager(const String& root_directory, const String& package_extention, const String& writable_base,
+                 const String& common_directory = {});
     virtual ~cFileManager();
 
     virtual const String& getRootDirectory() const;

@@ -47,9 +47,11 @@ void cLogic::process() {
         processViews();
         processFades();
     }
-    cGraphics::getInstance()->beginRender();
-    drawViews();
-    cGraphics::getInstance()->endRender();
+    if (m_draws) {
+        cGraphics::getInstance()->beginRender();
+        drawViews();
+        cGraphics::getInstance()->endRender();
+    }
     cScavenger::free();
 }
 
@@ -81,12 +83,11 @@ void cLogic::processFades() {
 }
 
 void cLogic::drawViews() {
-    auto& draw_set = UI::getDrawSet();
-    draw_set.walk([&](cControl* control) {
-        if (control->isShown())
+    UI::getDrawSet().walk([&](cControl* control) {
+        if (!control->isShown())
+            control->leaveDrawSet();
+        else if (!control->isBlank())
             draw(control);
-        else
-            draw_set.erase({control->getDeep(), control->getCreationNumber()});
     });
 }
 

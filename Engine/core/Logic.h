@@ -26,6 +26,8 @@ public:
     /// Asks the window to close, which ends the frame loop.
     virtual void exit();
     virtual void setMinimized(Bool minimized) { m_minimized = minimized; }
+    /// Whether frames have a picture. Without one everything lives on as it would, for nobody's eyes.
+    void setDrawing(Bool draws) { m_draws = draws; }
 
 private:
     static void ignore(cView*) {}
@@ -40,6 +42,7 @@ private:
     Platform::iPlatform& m_platform;
     Bool m_inactive = false;
     Bool m_minimized = false;
+    Bool m_draws = true;
     Vector2 m_cursor{0.0f, 0.0f};
 };
 

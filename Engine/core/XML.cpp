@@ -19,7 +19,7 @@ constexpr ULong largest_file = 256u * 1024 * 1024;
 String takeFailureText() {
     try {
         throw;
-    } catch (const String& text) {
+    } catch (const std::string& text) {
         return text;
     } catch (const char* text) {
         return text;
@@ -98,7 +98,7 @@ void cXML::writeBinary(const String& filename) const {
     std::unique_ptr<iFile> file;
     try {
         file = cFileManager::getInstance()->create(filename, true);
-    } catch (const String&) {
+    } catch (const std::string&) {
         return;
     }
     writeBinary(file.get(), true);

@@ -41,7 +41,7 @@ void handle(void* user_data, BODY body) {
     try {
         body(parse);
         return;
-    } catch (const String& text) {
+    } catch (const std::string& text) {
         parse.failure = text;
     } catch (const char* text) {
         parse.failure = text;

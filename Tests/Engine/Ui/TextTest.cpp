@@ -11,6 +11,9 @@
 #include "Engine/Ui/TextBox.h"
 #include "Engine/Ui/TextLine.h"
 #include "Engine/Ui/ViewSets.h"
+#include "Engine/core/Random.h"
+#include "Engine/graphics/Graphics.h"
+#include "Engine/platform/headless/HeadlessGraphicsDevice.h"
 #include "Tests/Support/TestFont.h"
 
 namespace Engine {
@@ -21,7 +24,7 @@ namespace {
 std::vector<Vector2> drawnLetters() {
     std::map<std::pair<Float, Float>, Vector2> places;
     UI::getDrawSet().walk([&](cControl* control) {
-        if (const auto* letter = dynamic_cast<cLetter*>(control))
+        if (const auto* letter = dynamic_cast<cLetter*>(control); letter && !letter->isBlank())
             places[{letter->getPosition().y, letter->getPosition().x}] = letter->getPosition();
     });
     std::vector<Vector2> res;
@@ -199,6 +202,39 @@ TEST_F(Text, takesWhatIsTypedAndItsFontCanShow) {
     box.disable();
     type(u"a");
     EXPECT_EQ(box.getText(), u"");
+}
+
+// Whatever its letters have been before, in sight or out of it.
+TEST_F(Text, showsEachTextAsIfItWereTheFirst) {
+    auto& line = load<cTextLine>(R"(Align="1")");
+    cRandom dice;
+    dice.setSeed(3);
+    const auto roll = [&](Int sides) { return dice.next() % sides; };
+    for (Int step = 0; step < 300; ++step) {
+        SCOPED_TRACE(step);
+        if (roll(3) == 0)
+            line.hide();
+        if (roll(3) == 0)
+            line.setDeep(static_cast<Float>(roll(5)));
+        if (roll(3) == 0)
+            line.setPosition({static_cast<Float>(roll(9)), 50.0f});
+        WString text;
+        std::vector<Vector2> expected;
+        Float x = line.getPosition().x;
+        for (Int i = roll(12); i > 0; --i) {
+            text += u"ab ?"[roll(4)];  // letters, a blank, one that the font lacks
+            if (text.back() == u'a' || text.back() == u'b')
+                expected.emplace_back(x + 4.0f, line.getPosition().y);
+            x += text.back() == u'?' ? 0.0f : text.back() == u' ' ? 5.0f : 8.0f;
+        }
+        line.setText(text);
+        program.frame();
+        line.show();
+        program.frame();
+        EXPECT_EQ(drawnLetters(), expected);
+        const auto& device = static_cast<Platform::cHeadlessGraphicsDevice&>(cGraphics::getInstance()->getDevice());
+        EXPECT_EQ(device.getCounters().triangles, 2 * expected.size());
+    }
 }
 
 TEST_F(Text, makesNothingNewInASteadyFrame) {
