@@ -23,8 +23,9 @@ cLemonSearch::~cLemonSearch() = default;
 
 float cLemonSearch::getLength(int src, int dst) {
     float length = -1.0f;
-    lemon::dijkstra(m_graph->graph, m_graph->lengths)
-        .dist(length)
-        .run(m_graph->nodes[static_cast<std::size_t>(src)], m_graph->nodes[static_cast<std::size_t>(dst)]);
-    return length;
+    const bool found =
+        lemon::dijkstra(m_graph->graph, m_graph->lengths)
+            .dist(length)
+            .run(m_graph->nodes[static_cast<std::size_t>(src)], m_graph->nodes[static_cast<std::size_t>(dst)]);
+    return found ? length : -1.0f;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -35,11 +36,18 @@ enum ePointFlag : std::uint8_t {
 /// Finds ways over the graph of a level.
 ///
 /// Works on a flat copy of the arcs, made by build(); every later change of an arc's type or of what stands on a point
-/// has to be told. Each search expands points in the order of their distance, of equal distances the lower index first,
-/// and takes a shorter way only if it is strictly shorter: so there is one answer. Searches do not nest: distances are
-/// those of the last one. Nothing is allocated once the first search has run.
+/// has to be told. There is one answer to each question, that of the plain search: it expands points in the order of
+/// their distance, of equal distances the lower index first, and takes a shorter way only if it is strictly shorter.
+/// A search for one destination is guided to it by landmarks, which gives the same answer sooner. Searches do not nest:
+/// distances are those of the last one. Once they are warm nothing is allocated.
+///
+/// A landmark is a point whose distance from all others has been measured. How much farther (or nearer) one point lies
+/// from a landmark than another is the least that a way between the two can cost. The first search after build()
+/// measures by length alone, which holds whatever the arcs' types become. Whoever asks again and again by the same
+/// costs gets landmarks by these, which guide better; they hold until an arc gets cheaper.
 class cPathSearch {
 public:
+    /// @param points  each arc leads to one of them. A length that is not at least 0 makes its arc endless.
     void build(const POINTS& points);
     /// Of the arc in both directions; nothing without such an arc.
     void setArcType(Int a, Int b, Int type);
@@ -63,8 +71,9 @@ public:
     /// Follows the water lane to its end, of several lanes that with the lowest index; gives the last point.
     Int getShipPath(Int src, PATH_HOLDER& path);
 
-    /// The length, as the last search counted it, of the way to a point it reached; else no_way.
-    Float getDistance(Int point) const { return m_dists[toPlace(point)]; }
+    /// The length of the way to a point on the path that the last search found; no_way for a point that it did not
+    /// reach. To any other point it may have seen a longer way only.
+    Float getDistance(Int point) const { return getDistance(m_points[toPlace(point)]); }
     Float getPathLength(const PATH_HOLDER& path) const { return path.empty() ? no_way : getDistance(path.back()); }
 
     /// The points that a side reaches from one of its own by its roads, bridge roads and through buildings. Its flood
@@ -81,40 +90,76 @@ public:
     Int breadthSearch(Int src, std::uint32_t arc_types, GOAL is_goal);
 
 private:
+    /// A point, and beside it what the last search that reached it knows of it.
     struct sPoint {
         UInt first_arc = 0;
         UInt arc_end = 0;
-        std::uint8_t flags = 0;
+        UInt flags = 0;         ///< ePointFlag
+        UInt round = 0;         ///< number of the search that reached it; what follows is that search's
+        Float dist = no_way;    ///< of the shortest way found so far
+        Float estimate = 0.0f;  ///< a lower bound of what is left from here to the destination
+        Int pred = -1;          ///< the point before it on that way; the plain search alone keeps it
     };
     struct sArc {
         UInt to = 0;
         Float length = 0.0f;
         UInt type = 0;
     };
-    /// What a search refuses and what it pays.
+    /// What arcs cost.
+    struct sCosts {
+        std::uint32_t refused_arcs = 0;  ///< bit n: type n is endless
+        std::uint32_t plain_arcs = ~0u;  ///< bit n: type n costs its length
+        Float cross_country = 1.0f;      ///< divides the length of the other types; above 0
+
+        Float get(const sArc& arc) const;
+        bool operator==(const sCosts&) const = default;
+    };
     struct sRules {
-        std::uint8_t refused_points = 0;  ///< ePointFlag
-        std::uint8_t wanted_points = 0;   ///< ends at the first point with one of these; 0: ends at dst
-        std::uint32_t refused_arcs = 0;   ///< bit n: type n
-        std::uint32_t plain_arcs = ~0u;   ///< bit n: type n costs its length
-        Float cross_country = 1.0f;       ///< divides the length of the other types
+        sCosts costs;
+        UInt refused_points = 0;  ///< ePointFlag
+        UInt wanted_points = 0;   ///< ends at the first point with one of these; 0: ends at dst
+    };
+    static constexpr std::size_t landmark_count = 8;
+    struct sLandmarks {
+        sCosts costs;
+        Bool is_measured = false;
+        UInt asked = 0;                                            ///< searches by these costs since an arc got cheaper
+        Float farthest = 0.0f;                                     ///< from a landmark
+        std::vector<std::array<Float, landmark_count>> distances;  ///< for each point, those from the landmarks
+
+        void forget();
     };
     class cQueue;
+    class cGuide;
 
     static std::size_t toPlace(Int point) { return static_cast<std::size_t>(point); }
+    Float getDistance(const sPoint& point) const { return point.round == m_round ? point.dist : no_way; }
+    Bool areArcsTwins();
     void updateFenceFlags(Int point);
     sArc* findArc(Int from, Int to);
-    Int search(UInt src, UInt dst, const sRules& rules);
-    Bool collectPath(Int src, Int dst, PATH_HOLDER& path) const;
-    void flood(Int src, std::uint32_t arc_types, std::uint8_t stopping_points, std::vector<char>& reached);
+    void dropLandmarks(const sArc& old_arc, const sArc& new_arc);
+    const sLandmarks& chooseLandmarks(UInt src, const sCosts& costs);
+    void measure(sLandmarks& landmarks, UInt src);
+
+    void startRound(UInt src);
+    void reach(sPoint& point, Float dist);
+    Bool findWay(Int src, Int dst, const sRules& rules, PATH_HOLDER& path);
+    Int searchPlainly(UInt src, UInt dst, const sRules& rules);
+    void collectPath(Int src, Int dst, PATH_HOLDER& path) const;
+    Bool searchGuided(UInt src, UInt dst, const sRules& rules);
+    Bool collectGuidedPath(UInt src, UInt dst, const sCosts& costs, PATH_HOLDER& path) const;
+    void flood(Int src, std::uint32_t arc_types, UInt stopping_points, std::vector<char>& reached);
 
     std::vector<sPoint> m_points;
     std::vector<sArc> m_arcs;  ///< those of one point side by side, in the order of their neighbours
-    std::vector<Float> m_dists;
-    std::vector<Int> m_preds;
-    std::vector<std::uint64_t> m_open;  ///< heap of four children a node: distance above, index below
+    Bool m_has_twins = false;  ///< each arc has one back, alike; only such a graph is searched by landmarks
+    std::array<sLandmarks, 5> m_landmarks;  ///< first by length alone, then by the costs last asked for
+    std::size_t m_next_landmarks = 1;       ///< those to be given up for other costs
+    UInt m_round = 0;                       ///< number of the last search
+    std::vector<std::uint64_t> m_open;      ///< heap of four children a node: length of the way above, index below
     std::vector<Int> m_queue;
     std::vector<char> m_visited;
+    std::vector<Float> m_nearest;  ///< of each point to the landmarks measured so far
 };
 
 template <class GOAL>
