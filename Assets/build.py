@@ -8,6 +8,7 @@ Needs Blender 3.4 (the Debian package), python3-pil, python3-numpy and the fonts
 python3-numpy, vorbis-tools, fluidsynth and fluid-soundfont-gm. Nothing of this is needed to build or play the game.
 The same sources give the same bytes.
 """
+import importlib
 import os
 import shutil
 import subprocess
@@ -26,11 +27,17 @@ OBJECTS = {  # name: (Blender script, what it shall render, the function of comp
     "widgets": ("render_small.py", ["tick"], "widgets"),
     "interface": ("render_interface.py", ["load", "hive", "bees", "help"], "interface"),
     "cloud": ("render_small.py", ["cloud"], "cloud"),
+    "trees": ("render_land.py", ["trees"], "trees"),
+    "land": ("render_land.py", ["0", "1", "2"], "land"),
+    "buildings": ("render_buildings.py", [], "buildings"),
+    "roads": ("render_roads.py", [], "roads"),
+    "birds": ("render_small.py", ["birds"], "birds"),
     "icon": ("render_logos.py", ["icon"], "icon"),
 }
 
 UNITS = {  # name: (Blender script that writes a mesh, its animations and its texture, the folder under Data/)
     "man": ("men/man.py", "Men"),
+    "catapult": ("men/catapult.py", "Catapults"),
 }
 
 SOUNDS = {  # name: what sounds/make_sounds.py makes under it
@@ -38,7 +45,13 @@ SOUNDS = {  # name: what sounds/make_sounds.py makes under it
     "music": ["menu", "game"],
 }
 
-<<<<<<< HEAD
+DRAWN = {  # name: the module that draws its pictures without Blender
+    "small_effects": "effects",
+}
+
+LEVELS = "levels"  # the object that levels/make_levels.py makes
+FONTS = "fonts"  # the object that fonts/make_fonts.py makes
+
 
 def missing_sound_tools():
     packages = {"oggenc": "vorbis-tools", "fluidsynth": "fluidsynth fluid-soundfont-gm"}
@@ -50,14 +63,6 @@ def missing_tools(names):
     missing = missing_sound_tools() if any(name in SOUNDS for name in names) else []
     if all(name in SOUNDS for name in names):
         return missing
-=======
-FONTS = "fonts"  # the object that fonts/make_fonts.py makes
-
-
-def missing_tools():
-    """What has to be installed first, as a list of sentences."""
-    missing = []
->>>>>>> main
     if not shutil.which("blender"):
         missing.append("blender (apt-get install blender)")
     try:
@@ -80,19 +85,21 @@ def run_blender(script, folder, *wanted):
 
 def build(name, folder=None):
     """Makes one object; a folder that is given holds its renders already."""
-<<<<<<< HEAD
     data = os.path.join(os.path.dirname(HERE), "Data")
     if name in SOUNDS:
         print(name)
         subprocess.run([sys.executable, os.path.join(HERE, "sounds", "make_sounds.py"), data, *SOUNDS[name]],
                        check=True)
         return None
-=======
-    import compose
     if name == FONTS:
         print(name)
         return subprocess.run([sys.executable, os.path.join(HERE, "fonts", "make_fonts.py")], check=True)
->>>>>>> main
+    if name in DRAWN:
+        print(name)
+        return importlib.import_module(DRAWN[name]).draw()
+    if name == LEVELS:
+        print(name)
+        return subprocess.run([sys.executable, os.path.join(HERE, "levels", "make_levels.py")], check=True)
     if name in UNITS:
         print(name)
         script, target = UNITS[name]
@@ -107,11 +114,7 @@ def build(name, folder=None):
 
 
 def main(arguments):
-<<<<<<< HEAD
-    known = [*OBJECTS, *UNITS, *SOUNDS]
-=======
-    known = [*OBJECTS, *UNITS, FONTS]
->>>>>>> main
+    known = [*OBJECTS, *UNITS, *DRAWN, *SOUNDS, FONTS, LEVELS]
     if "--list" in arguments:
         print("\n".join(known))
         return 0

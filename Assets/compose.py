@@ -3,13 +3,23 @@
 Each takes the folder with the renders of its Blender script and writes its files under Data/.
 """
 import json
+import os
+import sys
 
 import numpy
 from PIL import Image, ImageChops, ImageDraw
 
 import palette
 import picture
+import roads as road_tiles
 import widgets as wood
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path += [os.path.join(HERE, "levels"), os.path.join(HERE, "buildings")]
+import finish
+import land as lands
+import looks
+import shape
 
 SCREEN = (800, 600)
 LOOKS = ("normal", "hover", "pressed", "disabled")  # the order of the frames in a button's atlas
@@ -111,6 +121,44 @@ def cloud(renders):
     filled = picture.blurred(filled, 2.2)
     filled.putalpha(Image.fromarray(numpy.rint(alpha).astype(numpy.uint8), "L"))
     picture.save(picture.shrink(filled, 2), "UI/FixedBack/cloud.png")
+
+
+def trees(renders):
+    """The trees that men walk behind."""
+    for kind in lands.TREES:
+        picture.save(picture.shrink(picture.open_render(f"{renders}/tree_{kind}.png"), 4), f"Land/tree_{kind}.png")
+
+
+def land(renders):
+    """The tiles of all levels and the water round them."""
+    for number in range(shape.LEVELS):
+        lands.cut(number, *lands.layers(number, picture.open_render(f"{renders}/land_{number}.png")))
+    picture.save(lands.deep_water(), "Land/deep_water.png")
+    picture.save(lands.nearshore_water(), "Land/nearshore.png")
+    for i, size in enumerate(((340, 200), (260, 150), (200, 120))):
+        picture.save(lands.cloud(size, 40 + i), f"Clouds/cloud{i}.png")
+
+
+def buildings(renders):
+    for name in looks.LOOKS:
+        finish.pictures(renders, name)
+
+
+def roads(renders):
+    road_tiles.roads(renders)
+    road_tiles.marks(renders)
+    road_tiles.signs()
+
+
+def birds(renders):
+    """Two kinds of birds from above, their wings in eight places, and the shadow of both."""
+    for name in ("gull", "swallow"):
+        frames = [picture.shrink(picture.open_render(f"{renders}/{name}_{i}.png"), 3) for i in range(8)]
+        picture.save(picture.row_of(frames, 4), f"Clouds/{name}.png")
+    shape = picture.blurred(picture.shrink(picture.open_render(f"{renders}/gull_0.png"), 3).getchannel("A"), 1.2)
+    shadow = Image.new("RGBA", shape.size, (*palette.rgb("hedge_deep"), 0))
+    shadow.putalpha(shape)
+    picture.save(shadow, "Clouds/bird_shadow.png")
 
 
 def icon(renders):

@@ -129,6 +129,29 @@ def round_tree(seed, colour="leaf", light="leaf_light"):
     return m.build()
 
 
+def dead_tree(seed=1):
+    """A charred trunk with bare branches."""
+    m = scene.Model("dead_tree", seed)
+    m.prism((0, 0, -0.3), 0.34, 0.2, 2.0, 7, "log")
+    m.prism((0, 0, 1.6), 0.2, 0.08, 1.7, 6, "log", turn=(0.12, -0.1, 0))
+    for z, way, rise, long in ((1.3, 0.4, 0.9, 1.3), (1.7, 2.6, 0.8, 1.5), (2.2, 4.4, 1.0, 1.0), (2.5, 5.6, 0.9, 0.9), (2.7, 1.6, 1.1, 0.7)):
+        tip = (long * math.cos(way), long * math.sin(way) * 0.7, z + rise)
+        beam(m, (0, 0, z), tip, 0.13, "log")
+        beam(m, tuple(0.6 * c for c in tip[:2]) + (z + 0.6 * rise,), (tip[0] * 0.7, tip[1] + 0.35, tip[2] + 0.35), 0.08, "log_light")
+    return m.build(0.01)
+
+
+def bones(seed):
+    m = scene.Model("bones", seed)
+    for i in range(4):
+        x, y, a = m.random.uniform(-0.5, 0.5), m.random.uniform(-0.3, 0.3), m.random.uniform(0, 3)
+        beam(m, (x, y, 0.06), (x + 0.5 * math.cos(a), y + 0.5 * math.sin(a), 0.1), 0.09, "quill_shade")
+    m.blob((0.1, 0, 0.16), (0.2, 0.17, 0.17), "quill", rough=0.05)
+    for side in (-1, 1):
+        m.blob((0.1 + side * 0.08, -0.14, 0.19), 0.05, "ink", rough=0.02)
+    return m.build()
+
+
 def poplar(seed):
     m = scene.Model("poplar", seed)
     m.prism((0, 0, -0.3), 0.2, 0.14, 1.2, 6, "trunk")
@@ -177,6 +200,17 @@ def grass(seed):
         lean = m.random.uniform(-0.35, 0.35)
         m.prism((x, y, -0.08), 0.07, 0.0, m.random.uniform(0.35, 0.75), 4,
                 m.random.choice(["meadow_dark", "meadow_light", "leaf"]), turn=(lean, lean * 0.6, 0))
+    return m.build()
+
+
+def reeds(seed):
+    m = scene.Model("reeds", seed)
+    for i in range(8):
+        x, y, high = m.random.uniform(-0.5, 0.5), m.random.uniform(-0.25, 0.25), m.random.uniform(0.8, 1.35)
+        lean = m.random.uniform(-0.16, 0.16)
+        m.prism((x, y, -0.3), 0.05, 0.02, high + 0.3, 4, m.random.choice(["meadow_dark", "leaf"]), turn=(lean, lean, 0))
+        if i % 2:
+            m.prism((x + lean * high * 0.8, y - lean * high * 0.8, high - 0.32), 0.07, 0.06, 0.3, 6, "timber", turn=(lean, lean, 0))
     return m.build()
 
 

@@ -1,4 +1,5 @@
-"""Renders the tick and the cloud: blender -b -P render_small.py -- DIR [tick] [cloud]"""
+"""Renders the tick, the cloud and the birds: blender -b -P render_small.py -- DIR [tick] [cloud] [birds]"""
+import math
 import os
 import sys
 
@@ -40,10 +41,39 @@ def render_cloud(out):
     scene.render(f"{out}/cloud.png", (256 * 2, 96 * 2), 64)
 
 
+BIRD_FRAMES, BIRD_SIZE = 8, 64
+
+
+def bird(flap, body, wing, tip):
+    """A bird from above that flies to the left, its wings raised by the angle flap."""
+    m = scene.Model("bird", f"{body}{flap}")
+    m.blob((0, 0, 0), (0.62, 0.2, 0.17), body, rough=0.03)
+    m.blob((-0.62, 0, 0.05), (0.2, 0.15, 0.14), body, rough=0.03)
+    m.prism((-0.78, 0, 0.05), 0.07, 0.0, 0.2, 5, "gold", turn=(0, -math.pi / 2, 0))
+    m.add([(0.5, 0.05, 0), (0.5, -0.05, 0), (1.0, -0.24, 0.02), (0.86, 0, 0.02), (1.0, 0.24, 0.02)], [(0, 1, 2, 3, 4)], tip)
+    for side in (-1, 1):
+        def along(out, up_more=0.0):
+            a = flap * (0.8 + up_more)
+            return side * (0.12 + out * math.cos(a)), out * math.sin(a)
+        (y1, z1), (y2, z2) = along(0.85), along(1.62, 0.35)
+        m.add([(-0.32, side * 0.1, 0.05), (0.28, side * 0.1, 0.05), (0.22, y1, z1), (-0.42, y1, z1)], [(0, 1, 2, 3)], wing)
+        m.add([(-0.42, y1, z1), (0.22, y1, z1), (0.42, y2, z2), (0.2, y2, z2)], [(0, 1, 2, 3)], tip)
+    return m.build(0.0)
+
+
+def render_birds(out):
+    for name, colours in (("gull", ("quill", "flower_white", "slate")), ("swallow", ("cobalt", "ink", "log"))):
+        for i in range(BIRD_FRAMES):
+            scene.reset(sun=3.0, sky=0.9)
+            scene.place(bird(0.75 * math.sin(2 * math.pi * i / BIRD_FRAMES) + 0.1, *colours))
+            scene.top_camera((0.05, 0, 0), 3.6)
+            scene.render(f"{out}/{name}_{i}.png", (BIRD_SIZE * SCALE, BIRD_SIZE * SCALE), 24)
+
+
 def main():
     out, *wanted = scene.arguments()
     for name in wanted:
-        {"tick": render_tick, "cloud": render_cloud}[name](out)
+        {"tick": render_tick, "cloud": render_cloud, "birds": render_birds}[name](out)
 
 
 main()

@@ -16,6 +16,7 @@ sys.dont_write_bytecode = True
 import palette
 
 MAP_PITCH = math.radians(50)  # of the map's orthographic camera, from straight down
+MAP_UNITS = 16.0  # of the map to a metre; men, who shall be seen, are drawn twice as large
 SUN_HEIGHT = math.radians(38)  # above the ground
 SUN_SIDE = math.radians(-58)  # from the viewer's back towards his left
 _haze = {"near": 0.0, "far": 0.0, "most": 0.0}
@@ -24,6 +25,14 @@ _haze = {"near": 0.0, "far": 0.0, "most": 0.0}
 def arguments():
     """What stands behind the "--" on Blender's command line."""
     return sys.argv[sys.argv.index("--") + 1:] if "--" in sys.argv else []
+
+
+def quick_arguments(samples):
+    """Folder, samples and what is wanted, of a command line that may say samples=N for a quick look."""
+    out, *wanted = arguments()
+    if wanted and wanted[0].startswith("samples="):
+        samples = int(wanted.pop(0).split("=")[1])
+    return out, samples, wanted
 
 
 def reset(haze=(0.0, 0.0, 0.0), sun=3.6, sky=0.62):
@@ -287,6 +296,22 @@ def place(mesh, at=(0, 0, 0), turn=0.0, scale=1.0, tilt=(0.0, 0.0)):
 def map_camera(centre, width):
     """The camera of everything that stands on the map: orthographic, MAP_PITCH, width metres across."""
     return _camera(centre, width, MAP_PITCH)
+
+
+def on_map(x, y, z=0.0):
+    """The place of the world that the map shows at x, y; z metres above the ground there."""
+    return (x / MAP_UNITS, -y / MAP_UNITS / math.cos(MAP_PITCH), z)
+
+
+def map_camera_on(size, foot):
+    """The map's camera for a picture of `size` units in which the world's origin lies at the place `foot`, y down."""
+    right, up = (size[0] / 2 - foot[0]) / MAP_UNITS, (foot[1] - size[1] / 2) / MAP_UNITS
+    return map_camera((right, 0, up / math.sin(MAP_PITCH)), max(size) / MAP_UNITS)
+
+
+def top_camera(centre, width):
+    """From straight above, for what is turned on the map's plane: tiles of roads, birds."""
+    return _camera(centre, width, 0.0)
 
 
 def front_camera(centre, width):

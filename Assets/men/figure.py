@@ -5,7 +5,7 @@ Runs inside Blender. Every part names the bones that it follows: one bone's name
 import math
 
 import bpy
-from mathutils import Vector
+from mathutils import Euler, Vector
 from mathutils.bvhtree import BVHTree
 
 import palette
@@ -14,6 +14,7 @@ SHEET = 16  # colours side by side on the texture
 SHADES = 32  # of each, from open (top) to deep in a nook (bottom)
 CELL = 4  # texels, the width of a colour
 RAYS = 96
+FPS = 24  # of all actions
 REACH = 0.30  # how far off a neighbour takes light away
 
 
@@ -75,15 +76,18 @@ class Figure:
             placed.append((x + at[0], y + at[1], z + at[2]))
         self.add(placed, faces, colour, follows)
 
-    def build(self, name, armature, smooth_below):
-        """The object, moved by the armature. Edges flatter than smooth_below (radians) look round."""
+    def build(self, name, armature, smooth_below, sheet=None):
+        """The object, moved by the armature. Edges flatter than smooth_below (radians) look round.
+
+        sheet: the colours of the texture that it shares with other figures.
+        """
         data = bpy.data.meshes.new(name)
         data.from_pydata(self.points, [], self.faces)
         data.update()
         for polygon in data.polygons:
             polygon.use_smooth = True
         data.use_auto_smooth, data.auto_smooth_angle = True, smooth_below
-        self._paint(data)
+        self._paint(data, sheet or self.sheet())
         model = bpy.data.objects.new(name, data)
         bpy.context.scene.collection.objects.link(model)
         for bone in armature.data.bones:
@@ -103,9 +107,8 @@ class Figure:
             raise SystemExit(f"figure: {len(names)} colours; the texture has {SHEET}")
         return names
 
-    def _paint(self, data):
+    def _paint(self, data, names):
         """Gives every corner the place of its colour, the lower the deeper it lies in a nook."""
-        names = self.sheet()
         tree = BVHTree.FromPolygons(self.points, self.faces)
         nook = [_nook(tree, Vector(p), data.vertices[i].normal) for i, p in enumerate(self.points)]
         layer = data.uv_layers.new(name="colour")
@@ -115,12 +118,14 @@ class Figure:
                 v = (0.5 + shade * (SHADES - 1)) / SHADES
                 layer.data[loop].uv = ((names.index(colour) + 0.5) / SHEET, 1 - v)
 
-    def save_texture(self, path):
+    def save_texture(self, path, instead=None):
+        """The colours with their shades; instead maps names to those that another dress has in their place."""
         from PIL import Image
+        dress = instead or {}
         image = Image.new("RGB", (SHEET * CELL, SHADES), palette.rgb("ink"))
         for column, name in enumerate(self.sheet()):
             for row in range(SHADES):
-                colour = _shaded(palette.rgb(name), row / (SHADES - 1))
+                colour = _shaded(palette.rgb(dress.get(name, name)), row / (SHADES - 1))
                 image.paste(colour, (column * CELL, row, column * CELL + CELL, row + 1))
         image.save(path, optimize=True)
 
@@ -143,3 +148,43 @@ def _shaded(rgb, nook):
     grey = sum(rgb) / 3
     strong = [min(max(grey + (c - grey) * 1.2, 0), 255) for c in rgb]
     return tuple(round(c * (1 - nook * loss)) for c, loss in zip(strong, (0.50, 0.56, 0.50)))
+
+
+def make_armature(name, bones):
+    """bones: {name: (parent or None, head, tail)}, parents first."""
+    data = bpy.data.armatures.new(name)
+    armature = bpy.data.objects.new(name, data)
+    bpy.context.scene.collection.objects.link(armature)
+    bpy.context.view_layer.objects.active = armature
+    bpy.ops.object.mode_set(mode="EDIT")
+    for bone_name, (parent, head, tail) in bones.items():
+        bone = data.edit_bones.new(bone_name)
+        bone.head, bone.tail = head, tail
+        bone.parent = data.edit_bones[parent] if parent else None
+    bpy.ops.object.mode_set(mode="OBJECT")
+    for bone in armature.pose.bones:
+        bone.rotation_mode = "QUATERNION"
+    return armature
+
+
+def apply(armature, pose):
+    """Takes up a pose: {bone: turns in degrees about the scene's axes}; "lift" is how far the root rises, "move" where it goes."""
+    for bone in armature.pose.bones:
+        degrees = pose.get(bone.name, (0, 0, 0))
+        turn = Euler([math.radians(d) for d in degrees]).to_matrix()
+        rest = bone.bone.matrix_local.to_3x3()
+        bone.rotation_quaternion = (rest.inverted() @ turn @ rest).to_quaternion()
+        move = Vector(pose.get("move", (0, 0, pose.get("lift", 0.0)))) if not bone.parent else Vector()
+        bone.location = rest.inverted() @ move
+
+
+def make_actions(armature, actions, root):
+    """Records actions: {name: (pose at a time from 0 to 1, seconds)}; root is the bone that moves."""
+    for name, (pose_at, length) in actions.items():
+        frames = round(length * FPS)
+        armature.animation_data_create().action = bpy.data.actions.new(name)
+        for frame in range(frames + 1):
+            apply(armature, pose_at(frame / frames))
+            for bone in armature.pose.bones:
+                bone.keyframe_insert("rotation_quaternion", frame=frame)
+            armature.pose.bones[root].keyframe_insert("location", frame=frame)

@@ -9,17 +9,15 @@ import os
 import sys
 
 import bpy
-from mathutils import Euler, Vector
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path[:0] = [HERE, os.path.dirname(HERE)]
 sys.dont_write_bytecode = True
 import export_unit
 import palette
-from figure import Figure
+from figure import FPS, Figure, make_actions, make_armature
 
 SCALE = 32.0  # logical units in a metre
-FPS = 24
 BONES = {  # name: (parent, head, tail)
     "hips": (None, (0, 0, 0.62), (0, 0, 0.74)),
     "spine": ("hips", (0, 0, 0.74), (0, 0, 0.92)),
@@ -39,20 +37,8 @@ for side, x in (("left", 1), ("right", -1)):  # his own left: the viewer's right
     })
 
 
-def make_armature():
-    data = bpy.data.armatures.new("man")
-    armature = bpy.data.objects.new("man", data)
-    bpy.context.scene.collection.objects.link(armature)
-    bpy.context.view_layer.objects.active = armature
-    bpy.ops.object.mode_set(mode="EDIT")
-    for name, (parent, head, tail) in BONES.items():
-        bone = data.edit_bones.new(name)
-        bone.head, bone.tail = head, tail
-        bone.parent = data.edit_bones[parent] if parent else None
-    bpy.ops.object.mode_set(mode="OBJECT")
-    for bone in armature.pose.bones:
-        bone.rotation_mode = "QUATERNION"
-    return armature
+ENEMY_DRESS = {"shirt_red": "enemy_shirt", "plank_dark": "ink", "hat": "log", "paint_red": "enemy_red", "cream": "enemy_red", "timber": "enemy_red",
+               "trunk": "ink", "log": "ink"}
 
 
 # The body -----------------------------------------------------------------------------------------------------------
@@ -240,33 +226,168 @@ def walk(t):
     return pose
 
 
+def carry(t):
+    """Walks with both arms up, a load on his head."""
+    pose = walk(t)
+    a = 2 * math.pi * t
+    for side in ("left", "right"):
+        pose[f"shoulder_{side}"] = (0, 0, 0)
+    both(pose, "shoulder", 0, 16)
+    both(pose, "arm", -6 + 2 * math.cos(2 * a), 138)
+    both(pose, "forearm", -4, 22)
+    both(pose, "hand", 0, 10)
+    pose["head"] = (2 + 1.5 * math.cos(2 * a), 0, 3 * math.sin(a))
+    pose["chest"] = (-3, 0, -3 * math.sin(a))
+    pose["hat"] = (8, 0, 0)
+    return pose
+
+
+def fall(t):
+    """Topples over on his back, kicks twice, gets up again."""
+    down = smooth(t / 0.14) * smooth((1 - t) / 0.24)
+    lie = smooth((t - 0.12) / 0.1) * smooth((0.78 - t) / 0.1)
+    kick = lie * math.sin(2 * math.pi * (t - 0.2) / 0.2)
+    bounce = 0.05 * math.exp(-14 * max(t - 0.14, 0)) * abs(math.sin(26 * max(t - 0.14, 0)))
+    pose = standing(0.0)
+    pose["move"] = (0, 0.30 * down, -0.42 * down + bounce)
+    pose["hips"] = (-86 * down, 0, 0)
+    pose["spine"] = (10 * lie, 0, 0)
+    pose["head"] = (26 * lie, 0, 14 * kick)
+    both(pose, "arm", -10 - 30 * (down - lie), 11 + 62 * down)
+    both(pose, "forearm", -16 - 30 * down, 4)
+    for side, sign in (("left", 1), ("right", -1)):
+        pose[f"thigh_{side}"] = (-38 * lie - 16 * sign * kick, 4 * sign, 0)
+        pose[f"shin_{side}"] = (48 * lie + 14 * sign * kick, 0, 0)
+    return pose
+
+
+def hammer(t):
+    """Lifts the hammer over his shoulder and strikes what stands before him."""
+    up = smooth(t / 0.52) * (1 - smooth((t - 0.56) / 0.14))
+    hit = math.exp(-((t - 0.74) / 0.09) ** 2)
+    pose = standing(0.0)
+    pose["hips"] = (6 - 6 * up, 0, 0)
+    pose["spine"] = (10 - 14 * up + 8 * hit, 0, 8 * up)
+    pose["chest"] = (6 - 8 * up + 8 * hit, 0, 10 * up)
+    pose["head"] = (6 + 6 * up - 4 * hit, 0, -10 * up)
+    pose["arm_right"] = (-44 - 108 * up + 6 * hit, 8 + 10 * up, 0)
+    pose["forearm_right"] = (-24 - 46 * up, 0, 0)
+    pose["hand_right"] = (44 - 64 * up, 0, 0)
+    pose["arm_left"] = (-34, -14, 0)
+    pose["forearm_left"] = (-58, 0, 0)
+    pose["thigh_left"], pose["shin_left"] = (-22, -6, 0), (20, 0, 0)
+    pose["thigh_right"], pose["shin_right"] = (10, 6, 0), (12, 0, 0)
+    pose["lift"] = -0.03 - 0.02 * hit
+    return pose
+
+
+def shovel(t):
+    """Drives the spade in, lifts it and throws to his left."""
+    dig = smooth(t / 0.3) * (1 - smooth((t - 0.4) / 0.2))
+    throw = math.exp(-((t - 0.68) / 0.13) ** 2)
+    pose = standing(0.0)
+    pose["hips"] = (10 + 10 * dig, 0, 16 * throw)
+    pose["spine"] = (14 + 14 * dig - 8 * throw, 0, 14 * throw)
+    pose["chest"] = (8 + 6 * dig, 0, 12 * throw)
+    pose["head"] = (-6 - 8 * dig, 0, -14 * throw)
+    pose["arm_right"] = (-30 - 10 * dig - 34 * throw, 4, 0)
+    pose["forearm_right"] = (-30 + 12 * dig - 14 * throw, 0, 0)
+    pose["arm_left"] = (-46 - 8 * dig - 30 * throw, 16, 0)
+    pose["forearm_left"] = (-40 + 14 * dig, 18, 0)
+    pose["thigh_left"], pose["shin_left"] = (-24, -6, 0), (22, 0, 0)
+    pose["thigh_right"], pose["shin_right"] = (8, 6, 0), (14, 0, 0)
+    pose["lift"] = -0.04 - 0.05 * dig
+    return pose
+
+
+def pray(t):
+    """On his knees, arms up and down again with a deep bow."""
+    bow = 0.5 - 0.5 * math.cos(2 * math.pi * t)
+    pose = standing(0.0)
+    pose["lift"] = -0.27
+    both(pose, "thigh", -8, 5)
+    both(pose, "shin", 98, 0)
+    both(pose, "foot", 30, 0)
+    pose["hips"] = (4, 0, 0)
+    pose["spine"] = (4 + 34 * bow, 0, 0)
+    pose["chest"] = (2 + 22 * bow, 0, 0)
+    pose["head"] = (-14 + 22 * bow, 0, 0)
+    both(pose, "arm", -150 + 28 * bow, 14)
+    both(pose, "forearm", -8, 0)
+    return pose
+
+
 def smooth(t):
     t = min(max(t, 0.0), 1.0)
     return t * t * (3 - 2 * t)
 
 
-ACTIONS = {"idle": (idle, 6.0), "wave": (wave, 2.6), "walk": (walk, 0.9)}  # seconds
+ACTIONS = {"idle": (idle, 6.0), "wave": (wave, 2.6), "walk": (walk, 0.9), "carry": (carry, 0.9), "fall": (fall, 2.0), "hammer": (hammer, 0.9),
+           "shovel": (shovel, 1.4), "pray": (pray, 1.6)}  # seconds
 
 
-def apply(armature, pose):
-    for bone in armature.pose.bones:
-        degrees = pose.get(bone.name, (0, 0, 0))
-        turn = Euler([math.radians(d) for d in degrees]).to_matrix()
-        rest = bone.bone.matrix_local.to_3x3()
-        bone.rotation_quaternion = (rest.inverted() @ turn @ rest).to_quaternion()
-        lift = Vector((0, 0, pose.get("lift", 0.0))) if not bone.parent else Vector()
-        bone.location = rest.inverted() @ lift
+# What he holds: meshes of their own that follow his bones, so that they move as he does --------------------------------
+
+def box(f, at, size, colour, follows, turn=0.0):
+    """A box by its centre, leaned about the x axis through it."""
+    points = []
+    for z in (-1, 1):
+        for y in (-1, 1):
+            for x in (-1, 1):
+                px, py, pz = x * size[0] / 2, y * size[1] / 2, z * size[2] / 2
+                py, pz = py * math.cos(turn) - pz * math.sin(turn), py * math.sin(turn) + pz * math.cos(turn)
+                points.append((px + at[0], py + at[1], pz + at[2]))
+    f.add(points, [(0, 2, 3, 1), (4, 5, 7, 6), (0, 1, 5, 4), (2, 6, 7, 3), (0, 4, 6, 2), (1, 3, 7, 5)], colour, follows)
 
 
-def make_actions(armature):
-    for name, (pose_at, length) in ACTIONS.items():
-        frames = round(length * FPS)
-        armature.animation_data_create().action = bpy.data.actions.new(name)
-        for frame in range(frames + 1):
-            apply(armature, pose_at(frame / frames))
-            for bone in armature.pose.bones:
-                bone.keyframe_insert("rotation_quaternion", frame=frame)
-            armature.pose.bones["hips"].keyframe_insert("location", frame=frame)
+ON_HEAD = 1.80
+
+
+def add_sack(f):
+    f.ball((0, 0, ON_HEAD + 0.10), (0.36, 0.25, 0.19), "canvas", "head", 10, 6)
+    f.ball((0.36, 0, ON_HEAD + 0.14), (0.09, 0.10, 0.09), "canvas", "head", 7, 4)
+    f.ball((0.29, 0, ON_HEAD + 0.13), (0.05, 0.13, 0.12), "rope", "head", 8, 4)
+
+
+def add_log(f):
+    for x, half, radius, colour in ((0, 0.60, 0.15, "trunk"), (0, 0.61, 0.11, "plank_light")):
+        points = [(side * half, radius * math.cos(0.7 * i), ON_HEAD + 0.10 + radius * math.sin(0.698 * i)) for side in (-1, 1) for i in range(9)]
+        faces = [(i, 9 + i, 9 + (i + 1) % 9, (i + 1) % 9) for i in range(9)] + [tuple(range(9)), tuple(reversed(range(9, 18)))]
+        f.add(points, faces, colour, "head")
+
+
+def add_block(f):
+    box(f, (0, 0, ON_HEAD + 0.12), (0.52, 0.40, 0.30), "stone", "head")
+    box(f, (0.03, -0.02, ON_HEAD + 0.275), (0.40, 0.30, 0.03), "stone_dark", "head")
+
+
+def add_ingots(f):
+    for x, y, z in ((-0.0, -0.14, 0), (0.0, 0.14, 0), (0, 0, 0.15)):
+        box(f, (x, y, ON_HEAD + 0.05 + z), (0.62, 0.22, 0.13), "slate", "head")
+
+
+def add_chest(f):
+    box(f, (0, 0, ON_HEAD + 0.07), (0.46, 0.32, 0.20), "plank", "head")
+    box(f, (0, 0, ON_HEAD + 0.20), (0.50, 0.36, 0.06), "timber", "head")
+    for x in (-0.12, 0.03, 0.14):
+        f.ball((x, 0.03 * (x * 9), ON_HEAD + 0.24), (0.10, 0.09, 0.06), "gold", "head", 8, 4)
+    box(f, (0, -0.165, ON_HEAD + 0.10), (0.09, 0.02, 0.09), "gold", "head")
+
+
+def add_hammer(f):
+    hand = "hand_right"
+    box(f, (-0.322, -0.20, 0.525), (0.05, 0.56, 0.05), "plank_light", hand)
+    box(f, (-0.322, -0.46, 0.525), (0.15, 0.15, 0.32), "iron", hand)
+
+
+def add_spade(f):
+    hand = "hand_right"
+    box(f, (-0.30, -0.28, 0.46), (0.05, 1.15, 0.05), "plank_light", hand, 0.75)
+    box(f, (-0.30, 0.14, 0.855), (0.22, 0.05, 0.05), "plank", hand, 0.75)
+    box(f, (-0.30, -0.74, 0.03), (0.24, 0.34, 0.04), "iron", hand, 0.75)
+
+
+TOOLS = {"sack": add_sack, "log": add_log, "block": add_block, "ingots": add_ingots, "chest": add_chest, "hammer": add_hammer, "spade": add_spade}
 
 
 def save_shadow(path):
@@ -281,16 +402,31 @@ def save_shadow(path):
     image.save(path, optimize=True)
 
 
+def make_tools(folder, armature):
+    """One mesh each, all with one texture."""
+    together = Figure()
+    for add in TOOLS.values():
+        add(together)
+    for name, add in TOOLS.items():
+        tool = Figure()
+        add(tool)
+        model = tool.build(name, armature, math.radians(40), together.sheet())
+        export_unit.mesh(os.path.join(folder, f"{name}.mesh"), model, armature, SCALE)
+    together.save_texture(os.path.join(folder, "tools.png"))
+
+
 def main(folder):
     bpy.ops.wm.read_factory_settings(use_empty=True)
     bpy.context.scene.render.fps = FPS
-    armature = make_armature()
+    armature = make_armature("man", BONES)
     figure = make_figure("shirt_red")
     figure.build("man", armature, math.radians(50))
-    make_actions(armature)
+    make_actions(armature, ACTIONS, "hips")
     os.makedirs(folder, exist_ok=True)
     export_unit.unit(folder, "man", SCALE)
+    make_tools(folder, armature)
     figure.save_texture(os.path.join(folder, "man.png"))
+    figure.save_texture(os.path.join(folder, "enemy.png"), ENEMY_DRESS)
     save_shadow(os.path.join(folder, "shadow.png"))
 
 

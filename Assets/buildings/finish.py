@@ -1,0 +1,58 @@
+"""From the renders of what stands on the maps to its pictures: the thing itself, and the ground under it with its shadow."""
+import numpy
+from PIL import Image
+
+import looks
+import palette
+import picture
+
+
+
+def pictures(renders, name):
+    """Writes Data/Buildings/FILE.png and, with trodden ground, FILE_base.png for every state; FILE_turning.png of what moves.
+
+    What moves has its first frame alone as FILE.png, for the hit mask.
+    """
+    look = looks.LOOKS[name]
+    for state in look.states:
+        file = looks.file_name(name, state)
+        if looks.is_moving(name, state):
+            frames = [shrunk(f"{renders}/{file}_{i:02}.png", look.size) for i in range(look.frames)]
+            picture.save(frames[0], f"Buildings/{file}.png")
+            picture.save(picture.row_of(frames, 4), f"Buildings/{file}{looks.TURNING}.png")
+        else:
+            picture.save(shrunk(f"{renders}/{file}.png", look.size), f"Buildings/{file}.png")
+        if look.trodden:
+            picture.save(base(f"{renders}/{file}_shadow.png", look, file), f"Buildings/{file}_base.png")
+
+
+def shrunk(path, size):
+    render = picture.open_render(path)
+    return picture.shrink(render, render.width // size[0])
+
+
+def base(shadow_file, look, seed):
+    """Trodden ground under the thing, its shadow over it."""
+    foot, trodden = look.foot, look.trodden
+    shadow = picture.open_render(shadow_file).getchannel("A")
+    h, w = shadow.height, shadow.width
+    r = numpy.random.default_rng(sum(seed.encode()))
+    grain = [numpy.asarray(Image.fromarray(r.uniform(0, 1, (h // c + 2, w // c + 2)).astype(numpy.float32), "F").resize((w, h), Image.BICUBIC)) for c in (12, 4)]
+    y, x = numpy.mgrid[0:h, 0:w].astype(numpy.float64)
+    d = numpy.hypot((x - foot[0]) / trodden[0], (y - foot[1]) / trodden[1]) + 0.34 * (grain[0] - 0.5) + 0.10 * (grain[1] - 0.5)
+    t = numpy.clip((1.0 - d) / 0.5, 0, 1)
+    alpha = t * t * (3 - 2 * t) * 0.82
+    soil = numpy.array(palette.rgb(look.soil), dtype=numpy.float64) * (0.80 + 0.22 * grain[1] + 0.08 * grain[0])[..., None]
+    dark = numpy.array(palette.rgb("hedge_deep"), dtype=numpy.float64)
+    shade = numpy.asarray(picture.blurred(shadow, 0.7), dtype=numpy.float64) / 255
+    shade = numpy.clip(shade * 0.95, 0, 0.62) * fade_to_edges(w, h)
+    out = shade + alpha * (1 - shade)
+    rgb = (dark * shade[..., None] + soil * (alpha * (1 - shade))[..., None]) / numpy.maximum(out, 1e-6)[..., None]
+    return Image.fromarray(numpy.rint(numpy.concatenate([rgb, 255 * out[..., None]], axis=2)).clip(0, 255).astype(numpy.uint8), "RGBA")
+
+
+def fade_to_edges(w, h):
+    """1 within, down to 0 along the border and farther to the right, so that no long shadow ends in a line or lies on water."""
+    y, x = numpy.mgrid[0:h, 0:w].astype(numpy.float64)
+    d = numpy.minimum(numpy.minimum(x, w - 1 - x), numpy.minimum(y, h - 1 - y))
+    return numpy.clip(d / 10, 0, 1) * numpy.clip((w - 1 - x) / 50, 0, 1)
