@@ -23,6 +23,9 @@ struct sResourceCargo {
     void loadXML(const Engine::iXML* xml);
     /// The sum of all amounts, or of the four kinds that take room in a store. Ends at the largest Int.
     Int total(Bool with_money) const;
+    /// Adds to one amount, or all of another cargo's; an amount ends at the largest Int.
+    void add(Int type, Int amount);
+    void add(const sResourceCargo& other);
     /// Five Ints, written or read by the archive's mode.
     void serialize(Engine::iArch& arch);
 

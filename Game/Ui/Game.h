@@ -1,26 +1,53 @@
 #pragma once
 
-#include "Game/Types.h"
+#include <map>
 
-/// The flow of the program from its start to the main menu, and what a new player begins with.
+#include "Engine/Ui/View.h"
+#include "Engine/core/Singleton.h"
+#include "Game/Types.h"
+#include "Game/Ui/LevelState.h"
+
+/// A game of one player: how he left each level that he entered. And the flow of the program around it, from the start
+/// to the main menu, and from there to the map of levels and back.
 ///
 /// cPreload ends in onProfileExist() or onCreateNewProfile(); both load what the main menu needs and come out there,
-/// the latter by way of the player's name.
-class cGame {
+/// the latter by way of the player's name. The game itself lives from the menu's "play" to the way back to it.
+class cGame : public Engine::cView, public Engine::cSingleton<cGame> {
 public:
     static constexpr UInt product_count = 34;
 
-    cGame() = delete;
+    /// Sets itself up from "Game.xml" (the keys of a view) and loads what the map of levels needs; the map comes then.
+    /// @param no_save  nothing is read from or written to the player's files
+    cGame(cView* parent, Bool no_save);
+
+    cLevelState* getSavedLevel(Int level);  ///< null for one that was never left
+    const cLevelState* getSavedLevel(Int level) const { return const_cast<cGame*>(this)->getSavedLevel(level); }
+    cLevelState* createSavedLevel(Int level);  ///< an empty one
+    virtual Bool isNoSave() const { return m_no_save; }
+    virtual void setNoSave(Bool no_save) { m_no_save = no_save; }
+    /// Brings what this game has come to to the disk.
+    void saveLevels();
 
     /// Enters the values of a new player: "CurrentLevel" -1, "LevelFlag<n>" 0 for each level of "LevelMap.lvl",
     /// "Product<n>" 0 for each product. cProfile calls it before it reads a player's own values.
     static void onInitProfile();
 
+    static Bool isLevelOpen(Int level);
+    static void openLevel(Int level);  ///< on the map of levels, for good
+
     static void onProfileExist();      ///< the last player is known and goes on
     static void runProfileExist();     ///< the main menu
     static void onCreateNewProfile();  ///< nobody is known; asks for a name
     static void onNewProfileCreated();
+    static void onGameStarted();     ///< the map of levels
+    static void onEndLastComics();   ///< the campaign is over; the player may go on playing
+    static void leaveForMainMenu();  ///< the game ends, the main menu comes
 
     /// The screen that asks for a new player's name, over the fixed background.
     static void askForName();
+
+private:
+    std::map<Int, cLevelState> m_levels;  ///< by their numbers
+    Bool m_finished = false;              ///< the campaign is over
+    Bool m_no_save;
 };

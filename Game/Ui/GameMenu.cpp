@@ -58,8 +58,11 @@ void cGameMenu::disabled() {
 
 void cGameMenu::onContinue(cView*) {
     ENGINE_MARK;
-    getInstance()->m_actions.resume();
+    if (!getInstance()->isShown())
+        return;  // a question that was answered has enabled it once more
     getInstance()->hide();
+    getInstance()->disable();
+    getInstance()->m_actions.resume();
 }
 
 // Questions --------------------------------------------------------------------------------------------------------
@@ -79,6 +82,13 @@ void cGameMenu::closeQuestion() {
     discard(std::exchange(m_question, nullptr), here());
 }
 
+/// The menu goes with the level.
+void cGameMenu::leaveBy(sGameMenuActions::fAction action) {
+    closeQuestion();
+    hide();
+    action();
+}
+
 void cGameMenu::onMainMenu(cView*) {
     getInstance()->ask("sure_exit", onMainMenuConfirm);
 }
@@ -92,18 +102,15 @@ void cGameMenu::onShowStrategicMap(cView*) {
 }
 
 void cGameMenu::onMainMenuConfirm(cView*) {
-    getInstance()->closeQuestion();
-    getInstance()->m_actions.main_menu();
+    getInstance()->leaveBy(getInstance()->m_actions.main_menu);
 }
 
 void cGameMenu::onReplayConfirm(cView*) {
-    getInstance()->closeQuestion();
-    getInstance()->m_actions.replay();
+    getInstance()->leaveBy(getInstance()->m_actions.replay);
 }
 
 void cGameMenu::onMapConfirm(cView*) {
-    getInstance()->closeQuestion();
-    getInstance()->m_actions.map();
+    getInstance()->leaveBy(getInstance()->m_actions.map);
 }
 
 void cGameMenu::onQuestionDecline(cView* parent) {

@@ -44,6 +44,7 @@ private:
     static void onQuestionDecline(Engine::cView* parent);
     void ask(const String& text_id, void (*on_yes)(Engine::cView*));
     void closeQuestion();
+    void leaveBy(sGameMenuActions::fAction action);
 
     sGameMenuActions m_actions;
     cYesNoExt* m_question = nullptr;  ///< while one is open

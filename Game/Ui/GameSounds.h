@@ -31,3 +31,9 @@ private:
     std::map<String, Engine::cResourceRef> m_sounds;
     Engine::cSoundManager* m_manager;  ///< null without sound; outlives the sounds
 };
+
+/// A sound of the game, once. Nothing without the game's sounds.
+inline void playGameSound(const String& id) {
+    if (const cGameSounds* sounds = cGameSounds::getInstance())
+        sounds->playImmediately(id);
+}

@@ -26,6 +26,7 @@ cMainMenu::cMainMenu()
       m_user_name(new cTextLine(this)),
       m_user_text(new cTextLine(this)) {
     ENGINE_MARK;
+    m_start->setOnClick(onStart);
     m_exit->setOnClick(onExit);
     m_change_user->setOnClick(onChangeUser);
     m_options->setOnClick(onOptions);
@@ -103,6 +104,17 @@ void cMainMenu::onExitConfirm(cView*) {
 void cMainMenu::onExitDecline(cView* parent) {
     discard(cYesNoExit::getInstance(), here());
     showScreen(*parent);
+}
+
+void cMainMenu::onStart(cView*) {
+    cMainMenu* menu = getInstance();
+    if (menu->isLeaving())
+        return;
+    menu->disable();
+    menu->hide();
+    discard(menu, here());
+    discardFixedBack();
+    new cGame(nullptr, false);
 }
 
 void cMainMenu::onOptions(cView*) {

@@ -30,6 +30,7 @@ public:
     void updateUserName();
 
 private:
+    static void onStart(Engine::cView* button);
     static void onExit(Engine::cView* view);
     static void onExitConfirm(Engine::cView* parent);
     static void onExitDecline(Engine::cView* parent);

@@ -4,6 +4,7 @@
 
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
+#include "Game/GameLogic/SavedValue.h"
 
 namespace {
 
@@ -48,20 +49,17 @@ void sPointInfo::saveBin(Engine::iArch& arch) {
 
 void sPointInfo::loadBin(Engine::iArch& arch) {
     ENGINE_MARK;
-    Int count = 0;
-    arch << index << pos << options << kind << count;
-    const ULong left = arch.getSize() - static_cast<ULong>(arch.getPos());
-    if (count < 0 || static_cast<ULong>(count) > left / smallest_arc)
-        throw String("sPointInfo::loadBin(): point " + std::to_string(index) + " has " + std::to_string(count) +
-                     " arcs, which can't be");
+    arch << index;
+    serializeNumber(arch, pos);
+    arch << options << kind;
     arcs.clear();
-    for (Int i = 0; i < count; ++i) {
+    for (Int left = readCount(arch, smallest_arc, "arcs of a point"); left > 0; --left) {
         UInt neighbour = 0;
         sArcInfo arc;
-        arch << neighbour << arc.type << arc.length;
-        if (arc.type < 0 || arc.type >= arc_type_count)
-            throw String("sPointInfo::loadBin(): point " + std::to_string(index) + " has an arc of type " +
-                         std::to_string(arc.type) + ", which can't be");
+        arch << neighbour << arc.type;
+        serializeNumber(arch, arc.length);
+        if (arc.type < 0 || arc.type >= arc_type_count || arc.length < 0.0f)
+            throw String("an arc of a point can't be");
         if (hasArcPrice(arc.type))
             arc.cargo.serialize(arch);
         arcs[static_cast<Int>(neighbour)] = arc;

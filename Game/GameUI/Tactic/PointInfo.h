@@ -73,7 +73,7 @@ struct sPointInfo {
     /// Index, position, options, kind, the number of arcs, and each arc: neighbour, type, length, and the price of a
     /// type that has one.
     void saveBin(Engine::iArch& arch);
-    /// Reads what saveBin wrote. Throws "sPointInfo::loadBin(): ..." for a number of arcs or a type that can't be.
+    /// Reads what saveBin wrote. Throws "... can't be" for a number of arcs, a type or a length that none has.
     void loadBin(Engine::iArch& arch);
 };
 

@@ -346,6 +346,11 @@ TEST_F(GameMenu, theWaysOutOfALevelAskFirst) {
         key(enter);
         EXPECT_EQ(calls, expected);
         settle();
+        EXPECT_FALSE(cGameMenu::getInstance()->isShown());  // it goes with the level
+        key(esc);                                           // and is deaf
+        EXPECT_EQ(calls, expected);
+        showScreen(*cGameMenu::getInstance());
+        settle();
     }
 }
 

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "Game/GameLogic/ArrangementUnit.h"
+#include "Game/GameLogic/FieldObject.h"
+#include "Game/GameLogic/LevelObject.h"
+#include "Game/GameLogic/Target.h"
+
+namespace Engine {
+class cPicture;
+}
+class cCatapult;
+class cIdol;
+
+/// The node that the player sees at a point of the graph without a building.
+///
+/// How it looks comes from the graph at each update: which side's net it is on, and whether a gate stands in a line of
+/// fences that passes it.
+class cWayPoint : public cFieldObject<cLevelObject>, public aTarget, public cArrangementUnit {
+public:
+    /// @param parent  the map
+    explicit cWayPoint(Engine::cView* parent);
+
+    /// The keys of the field object, then "center_offset", "arrangement_radius", "distance_to_gates" (units),
+    /// "arrangement_delta" (radians), "attack_icon_offset", and the child tags "Back", "Gates", "EnemyGates" (cPicture
+    /// each).
+    void loadXML(const Engine::iXML* xml) override;
+    void saveBinState(Engine::iArch& arch) override;
+    void loadBinState(Engine::iArch& arch) override;
+    void setInitState() override;
+    void process() override;
+    void updateView(Bool hide) override;
+    void updateConnections() override;
+    Int getType() const override { return objectWayPoint; }
+
+    using cLevelObject::getPosition;
+    void getPosition(Vector2& out, Bool local) const override;
+    Bool inDamageArea(const Vector2&, Float) const override { return false; }
+
+    void getEllipsePosition(Vector2& out, Float angle) const override;
+    Float getRadius() const override { return m_arrangement_radius; }
+    void getCenter(Vector2& out) const override;
+
+    Int getIndex() const { return m_index; }
+    void setIndex(Int index) { m_index = index; }
+
+    /// Does a standing fence of either side end here? It closes its ends to the other side, not the arc alone.
+    Bool isGateClosed(Bool player_fences, Bool enemy_fences) const;
+    Bool isFree() const;  ///< no building stands here
+    Bool hasRoadArc(Bool with_ground) const;
+    /// How many arcs of that type leave the point; for one of them its direction, for two the direction half-way
+    /// between them and half the angle between them. Radians.
+    /// Throws "cWayPoint::getFencesInfo(): error in level design: there are more then two fence arcs in way point.".
+    Int getFencesInfo(Int arc_type, Float& angle, Float& width) const;
+
+    Bool canHaveIdol() const { return m_can_have_idol; }
+    void setCanHaveIdol(Bool can) { m_can_have_idol = can; }
+    Bool canHaveCatapult() const { return m_can_have_catapult; }
+    void setCanHaveCatapult(Bool can) { m_can_have_catapult = can; }
+    cIdol* getIdol() const { return m_idol; }
+    void setIdol(cIdol* idol);
+    cCatapult* getCatapult() const { return m_catapult; }
+    void setCatapult(cCatapult* catapult) { m_catapult = catapult; }
+    Bool hasProposedIdol() const;  ///< an idol of level 0
+    Bool hasProposedCatapult() const;
+
+    virtual Bool isRoadInWork() const { return m_road_in_work; }
+    virtual void setRoadInWork(Bool in_work) { m_road_in_work = in_work; }
+    virtual Bool isFenceInWork() const { return m_fence_in_work; }
+    virtual void setFenceInWork(Bool in_work) { m_fence_in_work = in_work; }
+    virtual String getVisualStateName() const;
+    virtual void updateVisualState();
+    /// The back picture takes the look "<id>_base", if the object has one.
+    virtual void setBackgroundVisualState(const String& id);
+
+    // Gates: at kind 2 one stands here and opens for who passes.
+    void openGates();
+    void closeGates();  ///< leaves a running cycle alone: it shuts by itself
+    Bool hasGates() const { return m_gate_kind == gate_stands; }
+    Int getGateKind() const { return m_gate_kind; }
+    Float getDistanceToGates() const { return m_distance_to_gates; }  ///< units
+
+    static constexpr Int gate_stands = 2;  ///< the kind of a point in a line of fences
+
+private:
+    enum eGateState : Int { gateShut = 0, gateClosing = 2, gateOpening = 3 };
+
+    Int countArcs(Int type) const;
+    void updateGatesVisualState();
+    void updateBridgesInfo();
+    void updateInitialVisualState();
+    void showGatePicture(Float angle);
+    void moveGates();
+    void setGateTime(Float time);
+    Bool isNodeSeen() const;
+
+    Int m_index = -1;
+    Engine::cPicture* m_back_picture;  ///< a child of this view, as the gates are
+    Engine::cPicture* m_gate_picture;
+    Engine::cPicture* m_enemy_gate_picture;
+    Vector2 m_center_offset{0.0f, 0.0f};  ///< the node's place from the point's
+    Float m_arrangement_radius = 10.0f;   ///< of the men's ring, units
+    cIdol* m_idol = nullptr;              ///< built or proposed; not owned
+    cCatapult* m_catapult = nullptr;
+    Bool m_can_have_idol = false;
+    Bool m_can_have_catapult = false;
+    Bool m_has_player_bridge = false;
+    Bool m_has_enemy_bridge = false;
+    Bool m_player_gates = false;  ///< whose gate it is
+    Bool m_enemy_gates = false;
+    Int m_gate_kind = 0;       ///< how many fence arcs meet here
+    Float m_gate_time = 0.0f;  ///< half the gate's animation, seconds
+    Int m_gate_state = gateShut;
+    Float m_gate_timer = 0.0f;  ///< seconds left in the state
+    Float m_distance_to_gates = 10.0f;
+    Bool m_road_in_work = false;
+    Bool m_fence_in_work = false;
+};

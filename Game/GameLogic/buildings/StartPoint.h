@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Game/GameLogic/buildings/BridgeWay.h"
+#include "Game/GameLogic/buildings/Building.h"
+
+/// The way into a level: a caravan comes over its bridge and the first men are born from it.
+class cStartPoint : public cBuilding {
+public:
+    explicit cStartPoint(Engine::cView* parent);
+
+    /// The keys of cBuilding, then "speed" (units a second), "caravan_angle" (degrees), "screen_margin" (units) and the
+    /// child tags "Caravan" (cPicture) and those of cBridgeWay.
+    void loadXML(const Engine::iXML* xml) override;
+    /// The keys of cBuilding, then "Capacity", "PrevLevel", "MenAmount", "MaxAmount", "Angle" (degrees) and the child
+    /// tag "ManCost". Throws "cStartPoint: <n> men are too many" for more than 1000 to begin with.
+    void loadXmlState(const Engine::iXML* xml) override;
+    void saveBinState(Engine::iArch& arch) override;
+    void loadBinState(Engine::iArch& arch) override;
+    void setInitState() override;
+    void process() override;
+    Int getType() const override { return objectStartPoint; }
+    String getVisualStateName() const override { return m_coming ? "init_state" : "normal_state"; }
+    Int addResourceItems(Int type, Int amount) override;
+
+    void startCaravan();
+    void hideCaravan();
+    void showBridge(Bool show) { m_way.show(show); }
+
+    Int getPrevLevel() const { return m_prev_level; }  ///< -1 on the first level
+    Int getMenAmount() const { return m_men_amount; }
+    Int getMaxAmount() const { return m_max_amount; }  ///< of men; below 1: no limit
+    Int getMenBorn() const { return m_men_born; }      ///< 1 once the first men are there
+    const sResourceCargo& getManCost() const { return m_man_cost; }
+
+private:
+    void onCaravanCame();
+    void bornStartUpMen();
+    void serialize(Engine::iArch& arch);
+    void requireMen() const;
+
+    Int m_prev_level = -1;
+    Int m_men_amount = 0;
+    Int m_max_amount = 0;
+    sResourceCargo m_man_cost;
+    Float m_angle = 0.0f;  ///< from the gate to the edge of the map, radians
+    Int m_init_count = 0;  ///< how often it was brought to life
+    Int m_men_born = 0;
+
+    cBridgeWay m_way;
+    Engine::cPicture* m_caravan;   ///< a child of this view
+    Float m_speed = 0.0f;          ///< of the caravan, units a second
+    Float m_caravan_angle = 0.0f;  ///< its picture's, radians
+    Float m_screen_margin = 0.0f;  ///< units
+    Bool m_coming = false;
+    Float m_remaining = 0.0f;         ///< seconds of the caravan's trip
+    Vector2 m_direction{0.0f, 0.0f};  ///< of its motion, units a second
+};
