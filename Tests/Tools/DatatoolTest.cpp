@@ -6,12 +6,17 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <nlohmann/json.hpp>
+#include <regex>
+#include <set>
 
 #include "Engine/core/FileManager.h"
 #include "Engine/core/XML.h"
+#include "Game/GameLogic/LevelObject.h"
 #include "Tests/Support/TempDirectory.h"
 #include "Tests/Support/UnitFiles.h"
+#include "Tools/datatool/KnownKeys.h"
 
 namespace Engine {
 
@@ -41,9 +46,56 @@ protected:
         return nlohmann::json::parse(static_cast<const std::string&>(result.out), nullptr, false);
     }
 
+    /// What the game asks for, no more: tables, the definitions of level objects, and levels.
+    /// @param levels  the children of the level file's root
+    void writeGame(const String& folder, const std::string& levels) {
+        for (const String& name : ::Datatool::getNeededDocuments())
+            directory.write(folder + "/" + name, "<o/>");
+        directory.write(folder + "/sys/constants.xml", R"(<constants><game app_directory="App"/></constants>)");
+        std::string looks;
+        for (const char* look : {"wp_neutral", "wp_enemy", "wp_player", "wp_border", "wp_hidden", "init_state",
+                                 "normal_state", "destroyed_state", "walk_no_cargo", "wait_no_cargo", "walk_with_money",
+                                 "walk_with_food", "walk_with_wood", "walk_with_stone", "walk_with_iron",
+                                 "wait_state_upgrade_0", "wait_state_upgrade_1", "wait_state_upgrade_2"})
+            looks.append("<State id=\"").append(look).append("\"/>");
+        for (Int type = 0; type <= objectDamagedRoad; ++type) {
+            if (const char* file = cLevelObject::getDefinitionFile(type))
+                directory.write(folder + "/" + file, "<o><States>" + looks + "</States></o>");
+        }
+        directory.write(folder + "/GameUI/TacticMap.xml", R"(<m land_base_dir="L/" top_tile_prefix="t_"/>)");
+        directory.write(folder + "/LevelMap.lvl", "<LevelMap>" + levels + "</LevelMap>");
+    }
+
     cTempDirectory directory;
     cTempDirectory outcome;
 };
+
+std::string makePoints(std::initializer_list<const char*> places) {
+    std::string res;
+    for (const char* place : places)
+        res.append("<P Pos=\"").append(place).append("\"/>");
+    return "<Points>" + res + "</Points>";
+}
+
+std::string makeArc(int a, int b, int type) {
+    return "<A p1=\"" + std::to_string(a) + "\" p2=\"" + std::to_string(b) + "\" Type=\"" + std::to_string(type) +
+           "\"/>";
+}
+
+/// @param rest  of what the level says of it
+std::string makeBuilding(int type, int point, const std::string& rest = "") {
+    return "<B Type=\"" + std::to_string(type) + "\" Position=\"10,10\"><Points><P index=\"" + std::to_string(point) +
+           "\"/></Points>" + rest + "</B>";
+}
+
+const char* const two_rows = "<Upgrades><U/><U/></Upgrades>";
+
+// 0, the start point, -- 1 -- 2, a bridge
+std::string makeLevel(int first_arc, int second_arc, const std::string& buildings = "") {
+    return "<Level Size=\"100,100\">" + makePoints({"10,10", "50,50", "90,90"}) + "<Arcs>" + makeArc(0, 1, first_arc) +
+           makeArc(1, 2, second_arc) + "</Arcs><Buildings>" + makeBuilding(8, 0) + makeBuilding(14, 2, two_rows) +
+           buildings + "</Buildings></Level>";
+}
 
 }  // namespace
 
@@ -115,8 +167,7 @@ TEST_F(Datatool, bringsADocumentToBinaryAndBack) {
 
 TEST_F(Datatool, namesTheFileInOneLineWhateverItsName) {
     EXPECT_EQ(run("inspect '@a\nb.xml'").err, "datatool: File \"" + directory.getPath() + "a?b.xml\" not found.\n");
-    directory.write("in/sys/constants.xml", R"(<constants><game app_directory="App"/></constants>)");
-    directory.write("in/sys/settings.xml", "<settings/>");
+    writeGame("in", makeLevel(0, 0));
     directory.writePack("in/p.pack", {{"x\ny.xml", "<y"}, {"dir\\", ""}});
     EXPECT_EQ(run("check @in").out, "p.pack/x?y.xml: unclosed token line 1 char 0\n");
 }
@@ -171,8 +222,7 @@ TEST_F(Datatool, packsTheSameBytesForTheSameFiles) {
 }
 
 TEST_F(Datatool, findsWhatTheGameWouldStumbleOver) {
-    directory.write("good/sys/constants.xml", R"(<constants><game app_directory="App"/></constants>)");
-    directory.write("good/sys/settings.xml", "<settings/>");
+    writeGame("good", makeLevel(0, 10));
     directory.writePack("good/a.pack", {{"ui/x.xml", "<x/>"}});
     EXPECT_EQ(run("check @good").out, "");
     EXPECT_EQ(run("check @good").status, 0);
@@ -188,15 +238,144 @@ TEST_F(Datatool, findsWhatTheGameWouldStumbleOver) {
                     R"(<ui><Panel><Back Picture="PIC.png" Font="no.fnt" String="no file."/></Panel></ui>)");
     const sResult found = run("check @bad");
     EXPECT_EQ(found.status, 1);
-    for (const char* line :
-         {"Broken.xml: no element found line 1",
-          "pic.png: Image \"pic.png\": ", "one.TXT: the same name as \"One.txt\"",
-          "cut.pack: ", "odd.pack/../x.txt: the name leads out", "odd.pack/y.xml: unclosed token",
-          "reslog.xml: tag \"Tag\" names \"no.png\"", "ui.xml: tag \"Back\" names \"no.fnt\"",
-          "sys/settings.xml: is missing", "odd.pack/sys/constants.xml: tag \"game\" has no \"app_directory\""})
+    for (const char* line : {"Broken.xml: no element found line 1",
+                             "pic.png: Image \"pic.png\": ", "one.TXT: the same name as \"One.txt\"",
+                             "cut.pack: ", "odd.pack/../x.txt: the name leads out", "odd.pack/y.xml: unclosed token",
+                             "reslog.xml: tag \"Tag\" names \"no.png\"", "ui.xml: tag \"Back\" names \"no.fnt\"",
+                             "sys/settings.xml: is missing", "LevelMap.lvl: is missing",
+                             "odd.pack/sys/constants.xml: tag \"game\" has no \"app_directory\""})
         EXPECT_NE(found.out.find(line), String::npos) << line << "\nin\n" << found.out;
-    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 10) << found.out;
+    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 11) << found.out;
     EXPECT_EQ(run("check @none").status, 1);
+}
+
+TEST_F(Datatool, findsLevelsThatCannotBePlayed) {
+    const std::string many_faults =
+        "<Level Size=\"100,100\">" + makePoints({"10,10", "20,20", "30,30", "40,40", "50,500", "60,60", "70,70"}) +
+        "<Arcs>" + makeArc(0, 1, 3) + makeArc(2, 0, 5) + makeArc(0, 3, 3) + makeArc(1, 0, 3) + makeArc(4, 0, 0) +
+        makeArc(5, 0, 0) + "</Arcs><Buildings>" + makeBuilding(8, 0) + makeBuilding(9, 0) +
+        makeBuilding(14, 1, "<Upgrades><U/></Upgrades>") + makeBuilding(9, 77) + makeBuilding(19, 2) +
+        "<B Type=\"7\" Position=\"-1,0\" src_point=\"8\"/>" +
+        makeBuilding(15, 3, "<Tasks><T goal_src=\"9\"/></Tasks>") +
+        "<B Type=\"14\" NextLevel=\"7\"><Points><P index=\"5\"/></Points>" + two_rows + "</B></Buildings><BackGround>" +
+        R"(<T Type="0" Picture="a.png"/><T Type="3" Picture="tree.png"/></BackGround></Level>)";
+    writeGame("bad", makeLevel(1, 9) + many_faults + makeLevel(0, 14) + makeLevel(0, 0) +
+                         "<Level Size=\"9,1e9\"/><Level Size=\"9,9\"/>" + makeLevel(0, 0, makeBuilding(15, 1)));
+    directory.write("bad/L/a.png", "");
+    const sResult found = run("check @bad");
+    const std::string level1 = "LevelMap.lvl: level 1, ";
+    const std::string no_one = "so nobody can win it\n";
+    for (const std::string& line : {"LevelMap.lvl: level 0: no way leads from the start point to a bridge, " + no_one,
+                                    level1 + "Points 4: \"Pos\" lies outside of \"Size\"\n",
+                                    level1 + "Points 6: no arc leads there\n",
+                                    level1 + "Points 0: 3 fences of the player meet",
+                                    level1 + "Arcs 3: the arc 1 - 0 is there twice",
+                                    level1 + "Buildings 1: point 0 lies under building 0 already\n",
+                                    level1 + "Buildings 2: a bridge needs two rows of \"Upgrades\"",
+                                    level1 + "Buildings 3: there is no point 77 to stand on\n",
+                                    level1 + "Buildings 4: \"Type\" is 19, which is no building\n",
+                                    level1 + "Buildings 5: \"Position\" lies outside of \"Size\"\n",
+                                    level1 + "Buildings 5: it stands on no point\n",
+                                    level1 + "Buildings 5: \"src_point\" is 8, which is no point\n",
+                                    level1 + "Buildings 6: \"goal_src\" is 9, which is no point\n",
+                                    level1 + "Buildings 7: \"NextLevel\" is 7, which is no level\n",
+                                    level1 + "BackGround 0: there is no picture \"L/t_a.png\"\n",
+                                    level1 + "BackGround 1: there is no picture \"tree.png\"\n",
+                                    std::string("LevelMap.lvl: level 2, Arcs 1: no arc type 14\n"),
+                                    std::string("LevelMap.lvl: level 4: \"Size\" is no size of a map\n"),
+                                    std::string("LevelMap.lvl: level 5: there is no start point\n"),
+                                    "LevelMap.lvl: level 6: no way leads from the start point to a bridge, " + no_one})
+        EXPECT_NE(found.out.find(line), String::npos) << line << "\nin\n" << found.out;
+    EXPECT_EQ(found.out.find("level 3"), String::npos) << found.out;
+    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 21) << found.out;
+
+    directory.write("bad/LevelMap.lvl", "<LevelMap><Level>");
+    EXPECT_NE(run("check @bad").out.find("LevelMap.lvl: no element found line 1"), String::npos);
+}
+
+TEST_F(Datatool, findsLooksThatTheGameWillAskFor) {
+    writeGame("bad", makeLevel(0, 0));
+    std::filesystem::remove(std::string(directory / "bad/GameLogic/Idol.xml"));
+    directory.write("bad/GameLogic/Bunker.xml", R"(<o><States><S id="init_state"/></States></o>)");
+    directory.write("bad/GameLogic/WoodMill.xml",
+                    R"(<o><States><S id="wait_state_upgrade_0"/></States><Upgrades><U/><U/></Upgrades></o>)");
+    directory.write("bad/GameLogic/StoneMill.xml", "<o>");
+    const String none = ": tag \"States\" has none with the id ";
+    EXPECT_EQ(run("check @bad").out,
+              "GameLogic/StoneMill.xml: no element found line 1 char 3\n"
+              "GameLogic/Idol.xml: is missing; the game reads it\n"
+              "GameLogic/WoodMill.xml" +
+                  none +
+                  "\"wait_state_upgrade_1\", which the game asks for\n"
+                  "GameLogic/Bunker.xml" +
+                  none + "\"destroyed_state\", which the game asks for\n");
+}
+
+// A slip in each kind of file that the game reads.
+TEST_F(Datatool, findsKeysThatNothingReads) {
+    const std::pair<const char*, const char*> slips[] = {
+        {"UI/Options.xml", "<o><OkButton><Text postion=\"1,2\"/></OkButton></o>"},
+        {"GameUI/TacticMap.xml", "<o><TopTile postion=\"1,2\"/></o>"},
+        {"GameUI/Strategic/StrategicMap.xml", "<o><LevelNodes><N flag0=\"1,1\"/><N postion=\"1,2\"/></LevelNodes></o>"},
+        {"GameLogic/Target.xml", "<o><AttackIcon postion=\"1,2\"/></o>"},
+        {"Clouds/Clouds.xml", "<o><C postion=\"1,2\"/></o>"},
+        {"Effects/ExplosionEffect.xml", "<o postion=\"1,2\"/>"},
+        {"Sounds/GameSounds.xml", "<o><Sounds><S postion=\"1,2\"/></Sounds></o>"},
+        {"sys/settings.xml", "<o><graphics postion=\"1,2\"/></o>"},
+        {"LevelMap.lvl", "<o><Level Size=\"0,0\"><BackGround><T Type=\"3\" postion=\"1,2\"/></BackGround></Level></o>"},
+        {"UI/ofAnotherMod.xml", "<o><x><y postion=\"1,2\"/></x></o>"},
+    };
+    writeGame("bad", makeLevel(0, 0));
+    for (const auto& [file, text] : slips)
+        directory.write(String("bad/") + file, text);
+    const sResult found = run("check @bad");
+    for (const auto& [file, text] : slips)
+        EXPECT_NE(found.out.find(String(file) + ": "), String::npos) << file << "\nin\n" << found.out;
+    EXPECT_NE(found.out.find("UI/Options.xml: tag \"OkButton/Text\" has the key \"postion\", which nothing reads; "
+                             "\"position\" is one that is read\n"),
+              String::npos)
+        << found.out;
+
+    // Keys may be tags; a key of one class is none of another's; what stands on a level reads by its type.
+    writeGame("odd", "<Level Size=\"9,9\"><Buildings>" +
+                         makeBuilding(9, 0, "<Level>1</Level><MenAmount>1</MenAmount>") + "</Buildings></Level>");
+    directory.write("odd/UI/Help.xml",
+                    "<o><Enable>1</Enable><OkButtom><Text/></OkButtom><Pages><P Speed=\"1\"/></Pages></o>");
+    const String out = run("check @odd").out;
+    for (const char* line :
+         {"UI/Help.xml: the root has the tag \"OkButtom\", which nothing reads; \"OkButton\" is one that is read\n",
+          "UI/Help.xml: tag \"Pages/P\" has the key \"Speed\", which nothing reads\n",
+          "LevelMap.lvl: tag \"Level/Buildings/B\" has the tag \"MenAmount\", which nothing reads\n"})
+        EXPECT_NE(out.find(line), String::npos) << line << "\nin\n" << out;
+    EXPECT_EQ(out.find("\"Enable\""), String::npos) << out;
+    EXPECT_EQ(out.find("tag \"Level\""), String::npos) << out;
+}
+
+// Whoever teaches a class a new key has to tell the tool, or modders are told that nothing reads it.
+TEST(KnownKeys, holdEveryKeyThatTheSourcesRead) {
+    const std::regex reading(R"--((?:\bread\w*\((?:[^;"]*, ?)?u|loadChild\([^;"]*, |(?:->|\.)get\()"(\w+)")--",
+                             std::regex::optimize);
+    const std::set<std::string> own_formats{"reason"};  // keys of documents that the game writes itself
+    UInt count = 0;
+    for (const char* folder : {"Engine", "Game"}) {
+        const std::filesystem::path root = std::filesystem::path(BRINDLE_SOURCE_DIR) / folder;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+            if (!entry.is_regular_file() || (entry.path().extension() != ".cpp" && entry.path().extension() != ".h"))
+                continue;
+            std::ifstream file(entry.path());
+            const std::string text(std::istreambuf_iterator<char>(file), {});
+            for (std::sregex_iterator found(text.begin(), text.end(), reading), end; found != end; ++found, ++count) {
+                const std::string name = (*found)[1];
+                EXPECT_TRUE(own_formats.contains(name) || ::Datatool::isKnownKey(String(name)))
+                    << entry.path() << " reads \"" << name << "\", which Tools/datatool/KnownKeys.cpp does not know";
+            }
+        }
+    }
+    EXPECT_GT(count, 250u);
+}
+
+TEST_F(Datatool, findsNothingWrongWithTheGameItself) {
+    EXPECT_EQ(run("check " BRINDLE_SOURCE_DIR "/Data").out, "");
 }
 
 }  // namespace Engine

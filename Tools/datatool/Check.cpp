@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -6,6 +8,7 @@
 
 #include "Engine/Ui/Font.h"
 #include "Engine/core/DirectoryWalk.h"
+#include "Engine/core/FileManager.h"
 #include "Engine/core/FileNames.h"
 #include "Engine/core/ResourceManager.h"
 #include "Engine/core/ZipFile.h"
@@ -13,8 +16,11 @@
 #include "Engine/graphics/iMesh.h"
 #include "Engine/graphics/image/Image.h"
 #include "Engine/platform/sdl/SoundFile.h"
+#include "Game/GameUI/Tactic/LevelFile.h"
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
+#include "Tools/datatool/KnownKeys.h"
+#include "Tools/datatool/LevelCheck.h"
 
 namespace Datatool {
 
@@ -23,6 +29,11 @@ using namespace Engine;
 namespace {
 
 const char* const constants_file = "sys/constants.xml";
+const char* const start_files[] = {constants_file, "sys/settings.xml"};
+
+Bool isStartFile(const String& name) {
+    return std::ranges::find(start_files, name) != std::end(start_files);
+}
 
 /// A failure's text, without the file's name where it begins with that.
 String toReason(const String& file, std::string_view text) {
@@ -30,6 +41,28 @@ String toReason(const String& file, std::string_view text) {
         text.remove_prefix(file.size() + 2);
     return String(text);
 }
+
+/// A directory that is gone again with everything in it.
+class cTemporaryDirectory {
+public:
+    cTemporaryDirectory() {
+        std::string path = std::filesystem::temp_directory_path() / "datatool-XXXXXX";
+        if (!::mkdtemp(path.data()))
+            throw String("no temporary directory can be made in ") + path;
+        m_path = path + "/";
+    }
+    ~cTemporaryDirectory() {
+        std::error_code ignored;
+        std::filesystem::remove_all(std::string(m_path), ignored);
+    }
+    cTemporaryDirectory(const cTemporaryDirectory&) = delete;
+    cTemporaryDirectory& operator=(const cTemporaryDirectory&) = delete;
+
+    const String& getPath() const { return m_path; }
+
+private:
+    String m_path;  ///< with a trailing "/"
+};
 
 /// Looks at every file of a data directory, loose or packed, and prints what is wrong.
 class cChecker {
@@ -40,6 +73,7 @@ public:
     bool run() {
         walkDirectory(m_directory, true, [this](const String& name) { checkLoose(name); });
         checkNeeded();
+        checkGame();
         for (const sNaming& naming : m_named) {
             if (!m_files.contains(toFileKey(naming.path)))
                 find(naming.document, "tag \"" + naming.tag + "\" names \"" + naming.path + "\", which is no file");
@@ -164,6 +198,31 @@ private:
         if (toFileKey(name) == constants_file)
             checkConstants(label, document);
         collectNames(label, "", document);
+        findUnknownKeys(name, document, [&](const String& what) { find(label, what); });
+    }
+
+    /// Levels and the objects on them, with the classes that play them. Their files lie where the game finds them:
+    /// behind its own file manager.
+    void checkGame() {
+        if (!m_files.contains(toFileKey(cLevelFile::path)))
+            return find(cLevelFile::path, "is missing; without it there is no level");
+        for (const String& name : getNeededDocuments()) {
+            if (!m_files.contains(toFileKey(name)) && !isStartFile(name))
+                find(name, "is missing; the game reads it");
+        }
+        const cTemporaryDirectory home;
+        attempt(cLevelFile::path, [&] {
+            const cFileManager files(m_directory, "pack", home.getPath());
+            const cResourceManager resources;
+            checkDefinitions([this](const String& file, const String& what) { find(file, what); });
+            checkLevels([this](const String& what) { findAboutLevels(what); });
+        });
+    }
+
+    /// A failure of the game's own readers names the file itself.
+    void findAboutLevels(const String& what) {
+        const String file = cLevelFile::path;
+        find(file, what.starts_with(file + ", ") ? String(what.substr(file.size() + 2)) : toReason(file, what));
     }
 
     /// Every attribute that ends like a file which the game can load is taken for the name of one.
@@ -183,7 +242,7 @@ private:
 
     /// Without these the game does not even start.
     void checkNeeded() {
-        for (const char* name : {constants_file, "sys/settings.xml"}) {
+        for (const char* name : start_files) {
             if (!m_files.contains(name))
                 find(name, "is missing; the game needs it to start");
         }

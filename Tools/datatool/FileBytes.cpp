@@ -25,7 +25,7 @@ void writeFile(const String& path, const BYTES& bytes) {
         cAtomicFile file(path, true, {});
         file.write(bytes.data(), static_cast<ULong>(bytes.size()));
         file.close();
-    } catch (const String& reason) {
+    } catch (const std::string& reason) {
         throw String(path + ": " + reason);
     }
 }
@@ -33,7 +33,7 @@ void writeFile(const String& path, const BYTES& bytes) {
 std::unique_ptr<cXML> readXML(const String& name, iFile& file) {
     try {
         return std::make_unique<cXML>(&file);
-    } catch (const String& reason) {
+    } catch (const std::string& reason) {
         throw String(name + ": " + reason);
     }
 }

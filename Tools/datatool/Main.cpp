@@ -18,8 +18,9 @@ constexpr std::string_view help = R"(datatool: look into the game's data, check 
                                    a pack's directory, a mesh, an animation, a font
   datatool check DIR               one line for each fault in a data directory: documents, pictures, meshes,
                                    animations, fonts, sounds and packs that can't be read, names that clash, files that
-                                   documents name and nobody has,
-                                   what is missing that the game needs to start
+                                   documents name and nobody has, what is missing that the game needs to start; levels
+                                   that can't be loaded, played or won; looks that level objects will be asked for and
+                                   lack; keys and tags that nothing reads, with the one that may be meant
   datatool compile IN.xml OUT.xml  a document in its binary form, which loads faster
   datatool decompile IN.xml OUT.xml
                                    the binary form as text again; it reads back to the same tree

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "Tools/simulate/Script.h"
+#include "Tools/simulate/Stage.h"
+
+namespace Simulate {
+
+/// Plays the lines of a script with the pointer and the keys, a movement a frame.
+class cPlayer {
+public:
+    /// @param stage   outlives the player
+    /// @param script  what lines are told with in failures
+    cPlayer(cStage& stage, std::vector<sAction> actions, std::string script);
+
+    /// What is due at that time of the level, before its frame. Throws a String that names the script's line for an
+    /// action that can't be understood, or names what does not exist.
+    void act(double time);
+
+    const nlohmann::ordered_json& getAnswers() const { return m_answers; }
+    const std::vector<std::string>& getLog() const { return m_log; }  ///< what was refused
+
+private:
+    using WORDS = std::vector<std::string>;
+
+    void perform(const sAction& action);
+    void click(const WORDS& words);
+    void drag(const WORDS& words);
+    void query(const WORDS& words);
+    void clickMenu(const std::string& file, const std::string& tag);
+    void openMenu(const std::string& tag);
+    void pointAt(std::function<Engine::Vector2()> find);
+    void pressAndRelease();
+    bool bringIntoView(const Engine::Vector2& place);
+    void refuse(const std::string& what) { m_log.push_back(what); }
+
+    cStage& m_stage;
+    std::vector<sAction> m_actions;
+    std::size_t m_next = 0;
+    std::string m_script;
+    std::deque<std::function<bool()>> m_movements;  ///< one a frame each, until it gives true
+    nlohmann::ordered_json m_answers = nlohmann::ordered_json::array();
+    std::vector<std::string> m_log;
+};
+
+}  // namespace Simulate

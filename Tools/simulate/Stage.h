@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "Engine/core/Engine.h"
+#include "Game/Ui/GameStrings.h"
+#include "Tools/simulate/Machine.h"
+#include "Tools/simulate/Settings.h"
+
+namespace Simulate {
+
+/// The very game, from the engine to the level, on a machine that is moved frame by frame.
+class cStage {
+public:
+    /// Starts the game and enters the level, up to the first frame in which it takes input.
+    /// Throws what starting and loading throw, and a String for a level that never takes input.
+    cStage(const sSettings& settings, const std::filesystem::path& home);
+    ~cStage();
+    cStage(const cStage&) = delete;
+    cStage& operator=(const cStage&) = delete;
+
+    iMachine& getMachine() { return *m_machine; }
+    void frame();
+    /// Frames until the level takes input; they count for nobody.
+    void waitForLevel();
+    void waitForRoll();  ///< out of the level, and into the next one if there is one
+    /// Leaves the level for the map of levels and enters it again, as it was left.
+    void reenter();
+    bool isLevelPlayed() const;  ///< it has not been left, though a menu may lie over it
+    bool takesInput() const;
+
+private:
+    void drainMessages();
+    void writeProperties(const sSettings& settings);
+
+    unsigned m_step;
+    std::string m_data_name;  ///< of the data directory
+    std::string m_home;       ///< the writable directory
+    std::unique_ptr<iMachine> m_machine;
+    std::unique_ptr<Engine::cEngine> m_engine;
+    std::unique_ptr<cGameStrings> m_strings;
+};
+
+}  // namespace Simulate
