@@ -19,7 +19,11 @@
 #include "Engine/graphics/image/Image.h"
 #include "Engine/platform/sdl/SdlPlatform.h"
 #include "Game/Entry.h"
+#include "Game/GameUI/Strategic/StrategicMap.h"
+#include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/Credits.h"
+#include "Game/Ui/Game.h"
+#include "Game/Ui/GameMenu.h"
 #include "Game/Ui/LogLoad.h"
 #include "Game/Ui/MainMenu.h"
 #include "Game/Ui/Options.h"
@@ -177,8 +181,12 @@ public:
         m_steps.push_back({pause, std::move(act)});
         return *this;
     }
-    cScript& shot(Float pause, const char* name) {
+    cScript& shot(Float pause, const std::string& name) {
         return then(pause, [path = m_out + "/" + name + ".png"] { shoot(path); });
+    }
+    cScript& when(bool (*may)()) {
+        m_steps.push_back({0.2f, [] {}, may});
+        return *this;
     }
     /// Waits for a screen and the end of all fades.
     template <class T>
@@ -237,6 +245,62 @@ STEPS makeSecondRun(const std::string& out) {
     return script.getSteps();
 }
 
+/// Where the node of a level lies on the map of levels.
+Vector2 placeOfNode(UInt level) {
+    iXML* document = cResourceManager::getInstance()->getXML("GameUI/Strategic/StrategicMap.xml");
+    const cResourceRef holder = cResourceRef::adopt(document);
+    iXML* nodes = nullptr;
+    iXML* node = nullptr;
+    Vector2 place(0.0f, 0.0f);
+    if (!document->get("LevelNodes", nodes) || level >= nodes->getTagCount())
+        throw String("The map of levels has no node ") + std::to_string(level);
+    nodes->get(level, node);
+    readKey(*node, u"position", place);
+    return place;
+}
+
+Bool isLevelPlayed() {
+    const cTacticMap* map = cTacticMap::getInstance();
+    return map && map->hasLevel() && !map->isRolling() && !map->isLocked();
+}
+
+Bool isMapOfLevelsOpen() {
+    const cStrategicMap* map = cStrategicMap::getInstance();
+    return map && map->isShown() && map->isEnabled() && UI::getTransparenty().empty();
+}
+
+/// Enters a level, looks at it, and goes back to the map of levels.
+void visitLevel(cScript& script, UInt level, const String& name) {
+    script.when(isMapOfLevelsOpen).then(0.2f, [level] {
+        cGame::openLevel(static_cast<Int>(level));
+        cStrategicMap::getInstance()->updateView();
+        moveTo(placeOfNode(level));
+    });
+    script.then(0.1f, press).then(0.1f, release).shot(0.8f, name + "-rolls-in").when(isLevelPlayed);
+    script.shot(0.2f, name + "-caravan").shot(8.0f, name + "-men").shot(8.0f, name + "-later");
+    script.then(0.1f, [] { moveTo({799.0f, 300.0f}); }).shot(4.0f, name + "-scrolled");
+    script.then(0.1f, pushEsc).shot(0.5f, name + "-menu");
+    script.click("UI/GameMenu.xml", "MapButton").screen<cGameMenu>();
+    script.click("UI/YesNo.xml", "YesButton").shot(1.0f, name + "-rolls-out");
+}
+
+/// The levels, one after the other.
+STEPS makeLevelRun(const std::string& out) {
+    cScript script(out);
+    for (int i = 0; i < 3; ++i)
+        script.then(0.3f, pushSpace);
+    script.screen<cMainMenu>().click(menu, "StartButton").when(isMapOfLevelsOpen).shot(0.5f, "20-map-of-levels");
+    visitLevel(script, 0, "21-level0");
+    visitLevel(script, 1, "22-level1");
+    visitLevel(script, 2, "23-level2");
+    script.when(isMapOfLevelsOpen)
+        .shot(0.5f, "24-map-of-levels")
+        .click("GameUI/Strategic/StrategicMap.xml", "MainMenuButton");
+    script.screen<cMainMenu>().shot(1.0f, "25-main-menu").then(0.1f, pushEsc);
+    script.screen<cYesNoExit>().click(leaving, "YesButton");
+    return script.getSteps();
+}
+
 /// True if the whole script was played.
 bool play(const STEPS& steps) {
     cTourPlatform platform(steps);
@@ -260,5 +324,5 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(home, error);
     setenv("SDL_VIDEODRIVER", "offscreen", 1);
     setenv("XDG_DATA_HOME", home.c_str(), 1);
-    return play(makeFirstRun(out)) && play(makeSecondRun(out)) ? 0 : 1;
+    return play(makeFirstRun(out)) && play(makeSecondRun(out)) && play(makeLevelRun(out)) ? 0 : 1;
 }
