@@ -3,7 +3,9 @@
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/Profile.h"
 #include "Engine/core/CallStack.h"
+#include "Engine/core/Engine.h"
 #include "Engine/core/Keys.h"
+#include "Engine/core/Log.h"
 #include "Engine/graphics/Graphics.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
@@ -82,7 +84,29 @@ cStrategicMap::cStartPointInfo* cStrategicMap::findNode(Int level) const {
 // Levels -------------------------------------------------------------------------------------------------------------
 
 void cStrategicMap::onStartLevel(cView* node) {
-    getInstance()->startLevel(static_cast<cStartPointInfo*>(node)->getLevel(), false);
+    getInstance()->enterLevel(static_cast<cStartPointInfo*>(node)->getLevel(), false);
+}
+
+void cStrategicMap::enterLevel(Int level, Bool replay) {
+    const Int before = cProfile::getInts()["CurrentLevel"];
+    try {
+        startLevel(level, replay);
+    } catch (...) {
+        const String failure(currentFailure());
+        callStackText().clear();
+        cProfile::getInts()["CurrentLevel"] = before;
+        cLogManager::getInstance()->getLog("levels", true)->printf("%s", failure.c_str());
+        const WString told = toWide(failure.substr(0, failure.find('\n')));
+        cEngine::getInstance()->getInstancePlatform()->showMessageBox(u"Error", told);
+        comeBack();
+    }
+}
+
+void cStrategicMap::comeBack() {
+    endRoll();
+    updateView();
+    show();
+    enable();
 }
 
 void cStrategicMap::startLevel(Int level, Bool replay) {

@@ -44,8 +44,12 @@ public:
 
     void loadXML(const Engine::iXML* xml) override;
 
-    /// Enters a level: as it was left, or anew.
+    /// Enters a level: as it was left, or anew. Throws what loading it throws.
     void startLevel(Int level, Bool replay);
+    /// The same for a player: what is wrong with a level is told him, and noted in the log "levels", and he is back
+    /// here.
+    void enterLevel(Int level, Bool replay);
+    void comeBack();  ///< out of a level
     void updateView();
     void showUI(Bool show);
     void showLevelButton(Int level, Bool show);

@@ -335,15 +335,11 @@ void cTacticMap::clearAfterDisappear() {
     cStrategicMap* strategic = cStrategicMap::getInstance();
     if (!strategic)
         return;
-    strategic->endRoll();
     if (m_next_level >= 0)
-        return strategic->startLevel(m_next_level, m_replay);
+        return strategic->enterLevel(m_next_level, m_replay);
     if (m_next_level == to_last_comics)
         cGame::onEndLastComics();
-    strategic->showUI(true);
-    strategic->updateView();
-    strategic->show();
-    strategic->enable();
+    strategic->comeBack();
 }
 
 void cTacticMap::deleteEnemies() {
