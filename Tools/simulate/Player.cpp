@@ -163,7 +163,7 @@ bool cPlayer::bringIntoView(const Vector2& place) {
     return map().getSpeed() == 0.0f;
 }
 
-void cPlayer::pointAt(std::function<Vector2()> find) {
+void cPlayer::pointAt(const std::function<Vector2()>& find) {
     m_movements.push_back([this, find] { return bringIntoView(find()); });
     m_movements.push_back([this, find] {
         m_stage.getMachine().move(map().toScreen(find()));

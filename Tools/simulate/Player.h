@@ -35,7 +35,7 @@ private:
     void query(const WORDS& words);
     void clickMenu(const std::string& file, const std::string& tag);
     void openMenu(const std::string& tag);
-    void pointAt(std::function<Engine::Vector2()> find);
+    void pointAt(const std::function<Engine::Vector2()>& find);
     void pressAndRelease();
     bool bringIntoView(const Engine::Vector2& place);
     void refuse(const std::string& what) { m_log.push_back(what); }

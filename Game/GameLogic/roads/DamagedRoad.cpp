@@ -42,7 +42,7 @@ void cDamagedRoad::updateView(Bool hide) {
     setEnabled(isPlayerConnected() && !cUtils::isRoadInProgress(getP0(), getP1()));
     updateBuildingState();
     setActive(!m_is_building);
-    cLevelObject::updateView(hide);
+    setStatePicture(getState());
     if (cUtils::isEnemyRoadArc(getP0(), getP1()))
         disable();
 }

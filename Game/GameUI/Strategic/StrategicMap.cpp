@@ -92,12 +92,12 @@ void cStrategicMap::enterLevel(Int level, Bool replay) {
     try {
         startLevel(level, replay);
     } catch (...) {
-        const String failure(currentFailure());
-        callStackText().clear();
+        const String& failure = currentFailure();
         cProfile::getInts()["CurrentLevel"] = before;
         cLogManager::getInstance()->getLog("levels", true)->printf("%s", failure.c_str());
         const WString told = toWide(failure.substr(0, failure.find('\n')));
         cEngine::getInstance()->getInstancePlatform()->showMessageBox(u"Error", told);
+        callStackText().clear();
         comeBack();
     }
 }

@@ -163,7 +163,6 @@ void cTacticMap::initAfterAppear() {
 
 void cTacticMap::process() {
     const Float step = cTimer::getInstance()->getStep();
-    cBack::process();
     if (!m_drag_mode && !m_scroll_by_border && !isRolling())
         moveProcess();
     processIdleMen(step);

@@ -58,7 +58,6 @@ void cManWalkByEllipseTask::onEnd() {
 
 void cManWalkToLoadingBay::onEnd() {
     ENGINE_MARK;
-    cTask::onEnd();
     cGoal* running = m_man->getGlobalGoal();
     if (!running)
         return;
