@@ -22,11 +22,9 @@ std::string getExecutable(const std::filesystem::path& data) {
 }
 
 Vector2 toDisplay(const Vector2& place) {
-    Float rect[4];
-    Vector2 in_window;
-    cGraphics::getInstance()->getWindowRect(rect);
-    cGraphics::getInstance()->toScreen(place, in_window);
-    return Vector2(rect[0], rect[1]) + in_window;
+    Vector2 res;
+    cGraphics::getInstance()->toScreen(place, res);
+    return res;
 }
 
 class cHeadlessMachine : public iMachine {
