@@ -20,6 +20,11 @@ cOverlayButton::cOverlayButton(cView* parent) : cAnimButton(parent), m_overlay(n
     m_overlay->setDeep(getDeep() + overlay_height);
 }
 
+cOverlayButton::cOverlayButton(const cOverlayButton& other)
+    : cAnimButton(other), m_overlay(new cPicture(*other.m_overlay)) {
+    m_overlay->setParent(this);
+}
+
 void cOverlayButton::loadXML(const iXML* xml) {
     ENGINE_MARK;
     cAnimButton::loadXML(xml);

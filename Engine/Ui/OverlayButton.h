@@ -10,6 +10,8 @@ namespace Engine {
 class cOverlayButton : public cAnimButton {
 public:
     explicit cOverlayButton(cView* parent);
+    /// The copy has an overlay of its own.
+    cOverlayButton(const cOverlayButton& other);
 
     void process() override;
     /// The keys of cAnimButton, then "OverlayColor".

@@ -60,6 +60,7 @@ void play(const Simulate::sSettings& settings, const std::filesystem::path& home
             next_report += settings.every;
         }
         stage.frame();
+        stage.waitForRoll();
     }
     player.act(time);
     out << makeReport(time, settings.seed, player).dump(settings.every > 0.0 ? -1 : 1) << '\n';

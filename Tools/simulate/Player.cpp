@@ -9,7 +9,7 @@
 #include "Engine/core/iXML.h"
 #include "Engine/graphics/Graphics.h"
 #include "Game/GameLogic/Barrier.h"
-#include "Game/GameLogic/buildings/Building.h"
+#include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameMenu.h"
@@ -139,7 +139,9 @@ void cPlayer::perform(const sAction& action) {
         requireCount(words, 2);
         return m_stage.getMachine().shoot(words[1]);
     }
-    if (what == "buy" || what == "trade" || what == "goback")
+    if (what == "goback")
+        return goBack();
+    if (what == "buy" || what == "trade")
         return refuse(action.words.size() > 1 ? what + " " + words[1] + ": there is nothing to click yet"
                                               : what + ": there is nothing to click yet");
     throw String("there is no action \"") + what + "\"";
@@ -257,12 +259,28 @@ void cPlayer::openMenu(const std::string& tag) {
         });
     m_movements.push_back([] { return cGameMenu::getInstance()->isShown(); });
     clickMenu("UI/GameMenu.xml", tag);
+    confirm();
+}
+
+/// Says yes to the question that was just asked.
+void cPlayer::confirm() {
     m_movements.push_back([] { return true; });
     clickMenu("UI/YesNo.xml", "YesButton");
+}
+
+/// Over the start point, as a player's hand would.
+void cPlayer::goBack() {
+    const cStartPoint* start = map().getStartPoint();
+    if (map().isLocked() || start->getPrevLevel() < 0)
+        return refuse(map().isLocked() ? "goback: the level takes no input" : "goback: there is no level before");
+    pointAt([start] { return start->getMapCenter() - Vector2(0.0f, start->getHeightOffset()); });
+    pressAndRelease();
+    m_movements.push_back([] { return true; });
     m_movements.push_back([this] {
-        if (m_stage.isLevelPlayed())
-            return false;
-        m_stage.waitForRoll();
+        if (map().isLocked())
+            confirm();
+        else
+            refuse("goback: something lies over the start point");
         return true;
     });
 }

@@ -35,6 +35,8 @@ private:
     void query(const WORDS& words);
     void clickMenu(const std::string& file, const std::string& tag);
     void openMenu(const std::string& tag);
+    void confirm();
+    void goBack();
     void pointAt(const std::function<Engine::Vector2()>& find);
     void pressAndRelease();
     bool bringIntoView(const Engine::Vector2& place);

@@ -30,7 +30,7 @@ Actions:
   move X Y | press left|right | release left|right | key CODE press|release
   query path FROM TO CROSS_COUNTRY [player] [gates] [idols]
   query roadplan A | draggedroad A B | shippath A | freepoint A
-  save | load | replay | map | shot FILE
+  save | load | replay | map | goback | shot FILE
 
 Exit status: 0 the run came to its end; 1 the data or the run is at fault; 2 wrong usage.
 )";

@@ -95,6 +95,8 @@ void cStage::waitForLevel() {
 }
 
 void cStage::waitForRoll() {
+    if (!cTacticMap::getInstance()->isRolling())
+        return;
     for (int i = 0; i < patience && cTacticMap::getInstance()->isRolling(); ++i)
         frame();
     frame();

@@ -19,6 +19,7 @@
 #include "Engine/graphics/image/Image.h"
 #include "Engine/platform/sdl/SdlPlatform.h"
 #include "Game/Entry.h"
+#include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameUI/Strategic/StrategicMap.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/Credits.h"
@@ -269,6 +270,16 @@ Bool isMapOfLevelsOpen() {
     return map && map->isShown() && map->isEnabled() && UI::getTransparenty().empty();
 }
 
+/// Over the start point; declined.
+void askToGoBack(cScript& script, const String& name) {
+    script.then(0.1f, [] {
+        const cTacticMap* map = cTacticMap::getInstance();
+        moveTo(map->toScreen(map->getStartPoint()->getMapCenter()));
+    });
+    script.shot(0.2f, name + "-start-point").then(0.1f, press).then(0.1f, release).shot(1.0f, name + "-go-back");
+    script.then(0.1f, pushEsc).when(isLevelPlayed);
+}
+
 /// Enters a level, looks at it, and goes back to the map of levels.
 void visitLevel(cScript& script, UInt level, const String& name) {
     script.when(isMapOfLevelsOpen).then(0.2f, [level] {
@@ -278,6 +289,8 @@ void visitLevel(cScript& script, UInt level, const String& name) {
     });
     script.then(0.1f, press).then(0.1f, release).shot(0.8f, name + "-rolls-in").when(isLevelPlayed);
     script.shot(0.2f, name + "-caravan").shot(8.0f, name + "-men").shot(8.0f, name + "-later");
+    if (level > 0)
+        askToGoBack(script, name);
     script.then(0.1f, [] { moveTo({799.0f, 300.0f}); }).shot(4.0f, name + "-scrolled");
     script.then(0.1f, pushEsc).shot(0.5f, name + "-menu");
     script.click("UI/GameMenu.xml", "MapButton").screen<cGameMenu>();

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "Engine/Ui/LoadView.h"
+#include "Engine/Ui/OverlayButton.h"
 #include "Engine/Ui/Picture.h"
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/core/CallStack.h"
@@ -30,7 +31,7 @@ T* makeChild(cView& owner, const iXML* xml, const char* name) {
 
 void cBridgeWay::loadXML(const iXML* xml) {
     ENGINE_MARK;
-    m_proto = makeChild<cPicture>(m_owner, xml, "BridgeTile");
+    m_proto = makeChild<cOverlayButton>(m_owner, xml, "BridgeTile");
     m_right = makeChild<cPicture>(m_owner, xml, "BridgeRight");
     m_base = makeChild<cPicture>(m_owner, xml, "BridgeBase");
     show(false);
@@ -41,7 +42,7 @@ void cBridgeWay::lay(const Vector2& gate, Float angle, Float left, Float right, 
     const auto height = static_cast<Float>(cGraphics::getInstance()->getHeight());
     const Float length = getDistanceToEdge(gate, direction, {left, 0.0f}, {right, height}) + margin;
     m_way = direction * length;
-    for (cPicture* tile : m_tiles)
+    for (cOverlayButton* tile : m_tiles)
         discard(static_cast<cView*>(tile), here());
     m_tiles.clear();
     if (m_right)
@@ -51,10 +52,11 @@ void cBridgeWay::lay(const Vector2& gate, Float angle, Float left, Float right, 
     if (!m_proto || !(m_proto->getSize().x > 0.0f))
         return;
     m_proto->hide();
+    m_proto->disable();
     const Float step = m_proto->getSize().x;
     const auto count = static_cast<std::size_t>(std::min(most_tiles, std::max(0.0f, std::ceil(length / step))));
     for (std::size_t i = 0; i < count; ++i) {
-        auto* tile = new cPicture(*m_proto);
+        auto* tile = new cOverlayButton(*m_proto);
         tile->setAngle(-angle);
         tile->setPosition(gate + direction * (step * (static_cast<Float>(i) + 0.5f)));
         m_tiles.push_back(tile);
@@ -62,13 +64,28 @@ void cBridgeWay::lay(const Vector2& gate, Float angle, Float left, Float right, 
 }
 
 void cBridgeWay::show(Bool show) {
-    std::vector<cPicture*> all = m_tiles;
+    std::vector<cPicture*> all(m_tiles.begin(), m_tiles.end());
     all.push_back(m_right);
     all.push_back(m_base);
     for (cPicture* picture : all) {
         if (picture)
             show ? picture->show() : picture->hide();
     }
+}
+
+void cBridgeWay::listen(cButtonPrototype::CALLBACK on_click, cButtonPrototype::CALLBACK on_hover,
+                        cButtonPrototype::CALLBACK on_unhover) {
+    for (cOverlayButton* tile : m_tiles) {
+        tile->setOnClick(on_click);
+        tile->setOnHover(on_hover);
+        tile->setOnUnhover(on_unhover);
+        tile->enable();
+    }
+}
+
+void cBridgeWay::hover(eButtonState state) {
+    for (cOverlayButton* tile : m_tiles)
+        tile->setStatePicture(state);
 }
 
 Float getDistanceToEdge(const Vector2& from, const Vector2& direction, const Vector2& low, const Vector2& high) {

@@ -1,18 +1,24 @@
 #include "Game/GameLogic/buildings/StartPoint.h"
 
+#include <utility>
+
 #include <glm/trigonometric.hpp>
 
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/Picture.h"
+#include "Engine/Ui/Scavenger.h"
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
+#include "Engine/core/Logic.h"
 #include "Engine/core/Timer.h"
 #include "Game/CommonUI/TimedEffect.h"
 #include "Game/GameLogic/SavedValue.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameSounds.h"
+#include "Game/Ui/Screen.h"
+#include "Game/Ui/YesNoExt.h"
 
 using namespace Engine;
 
@@ -88,6 +94,12 @@ void cStartPoint::setInitState() {
     m_caravan->setAngle(m_caravan_angle);
     cBuilding::setInitState();
     getMap().setMaximumOfMen(m_max_amount);
+    if (m_prev_level > -1) {
+        setOnClick(onGoBackClick);
+        setOnHover(onGoBackHover);
+        setOnUnhover(onGoBackUnHover);
+        m_way.listen(onGoBackClick, onGoBackHover, onGoBackUnHover);
+    }
     hide();
 }
 
@@ -152,4 +164,65 @@ Int cStartPoint::addResourceItems(Int type, Int amount) {
     }
     updateCargoProgress();
     return amount;
+}
+
+// The way back -------------------------------------------------------------------------------------------------------
+
+/// Not by a pointer that has left the screen through its upper edge.
+Bool cStartPoint::isPointedAt() const {
+    return cLogic::getInstance()->getCursorPos().y > 0.0f;
+}
+
+void cStartPoint::hoverBridge(eButtonState state) {
+    if (m_prev_level != -1)
+        m_way.hover(state);
+}
+
+void cStartPoint::onGoBackHover(cView*) {
+    cStartPoint* start = cTacticMap::getInstance()->getStartPoint();
+    if (start->isPointedAt())
+        start->hoverBridge(eButtonState::hovered);
+}
+
+void cStartPoint::onGoBackUnHover(cView*) {
+    cStartPoint* start = cTacticMap::getInstance()->getStartPoint();
+    if (start && start->isPointedAt())
+        start->hoverBridge(eButtonState::normal);
+}
+
+void cStartPoint::onGoBackClick(cView*) {
+    cTacticMap* map = cTacticMap::getInstance();
+    if (map->getStartPoint()->isPointedAt())
+        map->goBack();
+}
+
+void cStartPoint::askToGoBack() {
+    ENGINE_MARK;
+    hoverBridge(eButtonState::normal);
+    m_question = new cYesNoExt(&getMap());
+    m_question->setText("go_back");
+    m_question->setYes(onGoBackConfirmed);
+    m_question->setNo(onGoBackDeclided);
+    showScreen(*m_question);
+}
+
+/// It gives the map back at once: what is done with that next has the last word.
+void cStartPoint::closeQuestion() {
+    cYesNoExt* question = std::exchange(m_question, nullptr);
+    question->disable();
+    discard(static_cast<cView*>(question), here());
+}
+
+void cStartPoint::onGoBackConfirmed(cView*) {
+    ENGINE_MARK;
+    cTacticMap* map = cTacticMap::getInstance();
+    map->getStartPoint()->closeQuestion();
+    map->loadNextLevel(map->getStartPoint()->getPrevLevel(), {});
+}
+
+void cStartPoint::onGoBackDeclided(cView*) {
+    ENGINE_MARK;
+    cTacticMap* map = cTacticMap::getInstance();
+    map->getStartPoint()->closeQuestion();
+    map->resume();
 }

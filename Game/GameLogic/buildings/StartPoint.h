@@ -3,7 +3,10 @@
 #include "Game/GameLogic/buildings/BridgeWay.h"
 #include "Game/GameLogic/buildings/Building.h"
 
-/// The way into a level: a caravan comes over its bridge and the first men are born from it.
+class cYesNoExt;
+
+/// The way into a level: a caravan comes over its bridge and the first men are born from it. A click on it or on its
+/// bridge leads back to the level before, if there is one and the player confirms it.
 class cStartPoint : public cBuilding {
 public:
     explicit cStartPoint(Engine::cView* parent);
@@ -25,6 +28,9 @@ public:
     void startCaravan();
     void hideCaravan();
     void showBridge(Bool show) { m_way.show(show); }
+    void hoverBridge(Engine::eButtonState state);  ///< its planks look so; nothing on the first level
+    /// Asks whether the player wants to go back, over the map, which is locked by then.
+    void askToGoBack();
 
     Int getPrevLevel() const { return m_prev_level; }  ///< -1 on the first level
     Int getMenAmount() const { return m_men_amount; }
@@ -33,6 +39,13 @@ public:
     const sResourceCargo& getManCost() const { return m_man_cost; }
 
 private:
+    static void onGoBackClick(Engine::cView* view);
+    static void onGoBackHover(Engine::cView* view);
+    static void onGoBackUnHover(Engine::cView* view);
+    static void onGoBackConfirmed(Engine::cView* _yesno);
+    static void onGoBackDeclided(Engine::cView* _yesno);
+    Bool isPointedAt() const;
+    void closeQuestion();
     void onCaravanCame();
     void bornStartUpMen();
     void serialize(Engine::iArch& arch);
@@ -47,10 +60,11 @@ private:
     Int m_men_born = 0;
 
     cBridgeWay m_way;
-    Engine::cPicture* m_caravan;   ///< a child of this view
-    Float m_speed = 0.0f;          ///< of the caravan, units a second
-    Float m_caravan_angle = 0.0f;  ///< its picture's, radians
-    Float m_screen_margin = 0.0f;  ///< units
+    Engine::cPicture* m_caravan;      ///< a child of this view
+    cYesNoExt* m_question = nullptr;  ///< while it is open
+    Float m_speed = 0.0f;             ///< of the caravan, units a second
+    Float m_caravan_angle = 0.0f;     ///< its picture's, radians
+    Float m_screen_margin = 0.0f;     ///< units
     Bool m_coming = false;
     Float m_remaining = 0.0f;         ///< seconds of the caravan's trip
     Vector2 m_direction{0.0f, 0.0f};  ///< of its motion, units a second

@@ -373,11 +373,15 @@ void cTacticMap::deleteTemporaryObjects() {
 
 // Ways out -----------------------------------------------------------------------------------------------------------
 
-/// Nobody plays the level from here on; it goes back to where it came from.
-void cTacticMap::startLeaving(Int next_level) {
+void cTacticMap::stopInput() {
     disable();
     m_locked = true;
     unbindAll();
+}
+
+/// Nobody plays the level from here on; it goes back to where it came from.
+void cTacticMap::startLeaving(Int next_level) {
+    stopInput();
     m_next_level = next_level;
     startRoll(cLevelRoll::out);
     if (cStrategicMap* strategic = cStrategicMap::getInstance())
@@ -432,13 +436,20 @@ void cTacticMap::showMainMenu() {
 void cTacticMap::showGameMenu() {
     ENGINE_MARK;
     setDragMode(false);
-    disable();
-    m_locked = true;
-    unbindAll();
+    stopInput();
     if (cGameMenu* menu = cGameMenu::getInstance()) {
         menu->show();
         menu->enable();
     }
+}
+
+void cTacticMap::goBack() {
+    ENGINE_MARK;
+    if (m_locked || !m_start_point || m_start_point->getPrevLevel() < 0)
+        return;
+    setDragMode(false);
+    stopInput();
+    m_start_point->askToGoBack();
 }
 
 void cTacticMap::resume() {

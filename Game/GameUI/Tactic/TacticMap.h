@@ -84,7 +84,8 @@ public:
     void showStrategicMap();
     void showMainMenu();
     void showGameMenu();
-    void resume();  ///< back from the game menu
+    void goBack();  ///< to the level before, if there is one and the player confirms it
+    void resume();  ///< back from the game menu or from a question
     /// Removes what is only a plan: before saving.
     void deleteTemporaryObjects();
     void deleteEnemies();
@@ -281,6 +282,7 @@ private:
     void readLevel(Engine::iArch& arch);
     void readMen(Engine::iArch& arch);
 
+    void stopInput();
     void startLeaving(Int next_level);
     void startRoll(cLevelRoll::eDirection direction);
     void rollFrame(Float dt);
