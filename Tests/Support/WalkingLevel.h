@@ -50,11 +50,13 @@ public:
 ///                                    road -- 4 -- road
 class cWalkingLevel : public cSmallLevel {
 public:
-    cWalkingLevel() {
+    /// @param pitch  of the view, degrees
+    explicit cWalkingLevel(Float pitch = 0.0f) {
         getProgram().write("GameUI/TacticMap.xml",
-                           "<Map passby_distance=\"16\" passby_buffer_zone=\"0.2\" push_off_distance=\"4\" "
-                           "BirdsPossibility=\"0\" CloudsPossibility=\"0\" new_level_effect_time=\"0.1\" "
-                           "new_level_startup_delta=\"0.5\" man_idle_time=\"1000\"/>");
+                           "<Map global_pitch=\"" + std::to_string(pitch) +
+                               "\" passby_distance=\"16\" passby_buffer_zone=\"0.2\" push_off_distance=\"4\" "
+                               "BirdsPossibility=\"0\" CloudsPossibility=\"0\" new_level_effect_time=\"0.1\" "
+                               "new_level_startup_delta=\"0.5\" man_idle_time=\"1000\"/>");
     }
 
     void start(const std::string& buildings = {}) {

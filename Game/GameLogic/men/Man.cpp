@@ -17,6 +17,7 @@
 #include "Game/GameLogic/GoalsList.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/buildings/UpgradableBuilding.h"
+#include "Game/GameLogic/men/tasks/ManWalkByEllipseTask.h"
 #include "Game/GameLogic/men/tasks/ManWalkTask.h"
 #include "Game/GameLogic/men/tasks/TaskType.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
@@ -189,7 +190,10 @@ Int cMan::getPointAimedFor() const {
 
 void cMan::arrange() {
     ENGINE_MARK;
-    if (cArrangementUnit* unit = cTacticMap::getInstance()->getArrangementUnit(m_point))
+    cArrangementUnit* unit = cTacticMap::getInstance()->getArrangementUnit(m_point);
+    if (unit && isAwayFromRing(*unit, getPosition()) && getMovingSpeed(0, 0) > 0.0f)
+        setTask(std::make_unique<cManReturnTask>(this, unit->getDirection(getPosition())));
+    else if (unit)
         unit->add(this);
 }
 

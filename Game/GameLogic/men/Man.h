@@ -88,7 +88,7 @@ public:
     Bool isPraying() const { return m_is_praying; }
     void doFinalWork();  ///< of his goal, which may end by it
     void doFinalWorkOrWait(Bool rearrange);
-    void arrange();                     ///< he takes his place at his point
+    void arrange();                     ///< he takes his place at his point, and comes back there if he must
     cManWalkTask* getWalkTask() const;  ///< null unless he walks
     void checkCurrentPath();            ///< after fences have changed
     void setNearWayPointPosition();     ///< at his place when the level begins

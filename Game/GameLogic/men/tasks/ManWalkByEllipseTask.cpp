@@ -27,6 +27,7 @@ void cManWalkByEllipseTask::onStart() {
     const Float turn = angleDifference(m_angle, m_target_angle);
     const Float length = std::abs(unit->getRadius() * turn);
     const Float speed = m_man->getMovingSpeed(0, 0);
+    m_approach.start(*unit, *m_man, m_angle, speed);
     if (!(length > 0.0f) || !(speed > 0.0f))
         return;
     m_time_left = length / speed;
@@ -35,14 +36,14 @@ void cManWalkByEllipseTask::onStart() {
 
 Bool cManWalkByEllipseTask::onProcess() {
     const cArrangementUnit* unit = cTacticMap::getInstance()->getArrangementUnit(m_point);
-    if (m_time_left > 0.0f && unit) {
+    if (unit && (m_time_left > 0.0f || !m_approach.isThere())) {
         const Float step = cTimer::getInstance()->getStep();
-        m_time_left -= step;
-        m_angle += step * m_angular_speed;
-        Vector2 place;
-        unit->getEllipsePosition(place, m_angle);
-        m_man->setPosition(place);
-        m_man->setMovableYaw(signOf(m_angular_speed) * std::numbers::pi_v<Float> * 0.5f + m_angle);
+        if (m_time_left > 0.0f && !m_approach.isFar()) {
+            m_time_left -= step;
+            m_angle += step * m_angular_speed;
+        }
+        const Float yaw = signOf(m_angular_speed) * std::numbers::pi_v<Float> * 0.5f + m_angle;
+        m_approach.process(*unit, *m_man, m_angle, yaw, step);
         return false;
     }
     if (m_face_outwards && unit)
@@ -54,6 +55,12 @@ void cManWalkByEllipseTask::onEnd() {
     ENGINE_MARK;
     cTask::onEnd();
     m_man->doFinalWorkOrWait(true);
+}
+
+void cManReturnTask::onEnd() {
+    ENGINE_MARK;
+    cTask::onEnd();
+    m_man->arrange();
 }
 
 void cManWalkToLoadingBay::onEnd() {

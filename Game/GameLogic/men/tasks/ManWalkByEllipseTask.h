@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Engine/Ui/TaskDealer.h"
+#include "Game/GameLogic/men/tasks/RingApproach.h"
 #include "Game/Types.h"
 
 class cGoal;
@@ -23,10 +24,20 @@ protected:
 private:
     Int m_point;
     Bool m_face_outwards;
-    Float m_time_left = 0.0f;  ///< seconds
+    cRingApproach m_approach;
+    Float m_time_left = 0.0f;  ///< seconds of the walk round
     Float m_angle = 0.0f;
     Float m_target_angle;
     Float m_angular_speed = 0.0f;  ///< radians a second
+};
+
+/// Brings a man who was called back on his way to the ring of the point that he left, where he takes his place.
+class cManReturnTask : public cManWalkByEllipseTask {
+public:
+    /// @param angle  of the ring's side that is near to him
+    cManReturnTask(cMan* man, Float angle) : cManWalkByEllipseTask(man, angle, false) {}
+
+    void onEnd() override;
 };
 
 /// The same walk to the loading bay of a building, where a load is taken.

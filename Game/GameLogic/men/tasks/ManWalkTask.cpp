@@ -1,5 +1,6 @@
 #include "Game/GameLogic/men/tasks/ManWalkTask.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -106,14 +107,17 @@ void cManWalkTask::calcStartConditions(Int src, Int dst) {
             log->printf(
                 u"cManWalkTask::calcStartConditions(): src position equals to dst position, already came, so "
                 u"finish this task");
-        m_finished = true;
+        m_target_yaw = getSrcUnit() ? getSrcUnit()->getDirection(m_man->getPosition()) : m_target_yaw;
+        m_time_left = 0.0f;
+        setUpEllipse();
+        m_finished = !m_on_ellipse;
         return;
     }
     m_target_yaw = projectedYaw(way.x, way.y, map().getConstants().global_pitch);
     setUpEllipse();
     Vector2 start = m_man->getPosition();
-    if (const cArrangementUnit* unit = getSrcUnit())
-        unit->getEllipsePosition(start, m_target_yaw);
+    if (m_on_ellipse)
+        getSrcUnit()->getEllipsePosition(start, m_target_yaw);
     getDstPosition(m_dst_position);
     calcMovement(start, m_dst_position);
     setUpGates();
@@ -130,16 +134,35 @@ void cManWalkTask::setUpEllipse() {
     m_start_yaw = unit->getDirection(m_man->getPosition());
     if (!m_src_building && !unit->hasEllipse())
         return;
+    const Bool is_away = isAwayFromRing(*unit, m_man->getPosition());
+    if (is_away && isOutOnArc())
+        return;
     const Float turn = angleDifference(m_start_yaw, m_target_yaw);
     const Float length = std::abs(unit->getRadius() * turn);
     const Float speed = m_object->getMovingSpeed(0, 0);
     m_object->getMovingSpeed(m_src, m_dst);  // the man remembers what he was last asked for
-    if (!(length > 0.0f) || !(speed > 0.0f))
+    if (!(length > 0.0f || is_away) || !(speed > 0.0f))
         return;
     m_on_ellipse = true;
     m_ellipse_time_left = length / speed;
-    m_ellipse_speed = turn / m_ellipse_time_left;
+    m_ellipse_speed = length > 0.0f ? turn / m_ellipse_time_left : 0.0f;
+    m_approach.start(*unit, *m_man, m_start_yaw, speed);
     setTurnTime(speed);
+}
+
+/// Somewhere between the rings at both ends, or hardly beside the line.
+Bool cManWalkTask::isOutOnArc() const {
+    if (m_src == m_dst)
+        return false;
+    constexpr Float half_width = 10.0f;
+    Vector2 from;
+    Vector2 to;
+    getSrcUnit()->getEllipsePosition(from, m_target_yaw);
+    getDstPosition(to);
+    const Vector2 line = to - from;
+    const Vector2 way = m_man->getPosition() - from;
+    const Float part = std::clamp(glm::dot(way, line) / std::max(glm::dot(line, line), least_length), 0.0f, 1.0f);
+    return glm::distance(way, line * part) < half_width;
 }
 
 void cManWalkTask::setUpGates() {
@@ -181,8 +204,9 @@ Bool cManWalkTask::onProcess() {
 }
 
 void cManWalkTask::processEllipse(Float step) {
-    m_ellipse_time_left -= step;
-    m_src_building = getBuildingAt(m_src);
+    cBuilding* building = getBuildingAt(m_src);
+    const Bool is_other_ring = building != m_src_building;
+    m_src_building = building;
     const cArrangementUnit* unit = getSrcUnit();
     if (!unit || (!m_src_building && !unit->hasEllipse())) {  // what he walked round is gone
         m_on_ellipse = false;
@@ -190,12 +214,15 @@ void cManWalkTask::processEllipse(Float step) {
         setTurnTime(m_speed);
         return;
     }
-    m_start_yaw += step * m_ellipse_speed;
-    Vector2 place;
-    unit->getEllipsePosition(place, m_start_yaw);
-    m_man->setPosition(place);
-    m_man->setMovableYaw(signOf(m_ellipse_speed) * pi * 0.5f + m_start_yaw);
-    if (m_ellipse_time_left <= 0.0f) {
+    if (is_other_ring)
+        m_approach.start(*unit, *m_man, m_start_yaw, m_object->getMovingSpeed(0, 0));
+    const Bool is_there = !m_approach.isFar();
+    if (is_there) {
+        m_ellipse_time_left -= step;
+        m_start_yaw += step * m_ellipse_speed;
+    }
+    m_approach.process(*unit, *m_man, m_start_yaw, signOf(m_ellipse_speed) * pi * 0.5f + m_start_yaw, step);
+    if (is_there && m_ellipse_time_left <= 0.0f) {
         m_on_ellipse = false;
         setTurnTime(m_speed);
     }

@@ -2,6 +2,7 @@
 
 #include "Game/GameLogic/Observable.h"
 #include "Game/GameLogic/men/tasks/MoveTask.h"
+#include "Game/GameLogic/men/tasks/RingApproach.h"
 
 namespace Engine {
 class cControl;
@@ -15,6 +16,9 @@ struct sPointInfo;
 
 /// Walks a man over one arc of his path: first round the ring of the point that he leaves, then straight to the near
 /// side of the next one's ring. At its end it makes the task of the next arc, or the man decides what to do.
+///
+/// It begins where the man is. One who was sent elsewhere on his way may be out on the arc already and goes on along
+/// it, or out on another one and comes back to the ring first.
 ///
 /// Two enemies who meet walk half a circle round each other meanwhile; a man who was pushed down stands still. Gates at
 /// either end open before him and shut behind him. A path may begin with -1: the place where the man was when it was
@@ -64,6 +68,7 @@ private:
     void turnBack();
     void takePath(PATH_HOLDER path, Int index, Int src, Int dst, Bool same_point);
     void setUpEllipse();
+    Bool isOutOnArc() const;
     void setUpGates();
     void processEllipse(Float step);
     void processPassBy(Float step);
@@ -71,7 +76,8 @@ private:
     const cArrangementUnit* getSrcUnit() const;
     const cArrangementUnit* getDstUnit() const;
 
-    cMan* m_man;  ///< not owned; outlives the task
+    cMan* m_man;               ///< not owned; outlives the task
+    cRingApproach m_approach;  ///< to that ring
     Float m_ellipse_time_left = 0.0f;
     Bool m_on_ellipse = false;      ///< still on the ring of the point that he leaves
     Float m_ellipse_speed = 0.01f;  ///< radians a second

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
 #include "Tests/Support/WalkingLevel.h"
 
 namespace {
@@ -202,4 +205,77 @@ TEST(ManWalkTask, awayFromABuildingThatIsDestroyedMeanwhileLeavesItsRing) {
     level.getBuilding(2)->destroyMe();
     level.frames(500);
     EXPECT_EQ(goal->done, 1);
+}
+
+// Called back --------------------------------------------------------------------------------------------------------
+
+TEST(ManWalkTask, whoIsCalledBackOnHisWayWalksBackToTheRing) {
+    cWalkingLevel level;
+    level.start();
+    cFriendMan& man = level.addMan(1);  // alone there
+    const auto goal = level.send(man, 2);
+    goal->self_contained = true;
+    level.frames(60);
+    const Float x = man.getMovablePosition().x;
+    ASSERT_GT(x, 250.0f);
+    level.getMap().clearTasks();
+    EXPECT_TRUE(man.isFree());
+    level.frames(5);
+    EXPECT_NEAR(man.getMovablePosition().x, x - 5.0f * frame_way, 0.1f);
+    while (!man.isIdle())
+        level.frames(1);
+    EXPECT_NEAR(man.getMovablePosition().x, 210.0f, 0.5f);
+    EXPECT_EQ(level.getMap().getArrangementUnit(1)->getRing().size(), 1u);
+}
+
+TEST(ManWalkTask, whoIsSentElsewhereOnHisWayGoesOnAlongTheArcEitherWay) {
+    for (const auto& [point, direction] : {std::pair(3, 1.0f), std::pair(0, -1.0f), std::pair(1, -1.0f)}) {
+        cWalkingLevel level;
+        level.start();
+        cFriendMan& man = level.addMan(1);
+        level.send(man, 2);
+        level.frames(40);
+        const Vector2 place = man.getMovablePosition();
+        ASSERT_GT(place.x, 220.0f);
+        const auto goal = level.send(man, point);
+        level.frames(4);
+        EXPECT_NEAR(man.getMovablePosition().x, place.x + direction * 4.0f * frame_way, 0.1f) << point;
+        Float longest_step = 0.0f;
+        level.playUntilDone(man, *goal, longest_step);
+        EXPECT_LT(longest_step, jump) << point;
+    }
+}
+
+TEST(ManWalkTask, whateverMenAreCalledBackFromNoneOfThemEverJumps) {
+    for (const UInt seed : {1u, 2u, 3u}) {
+        cWalkingLevel level(50.0f);
+        level.getProgram().write(cLevelObject::getDefinitionFile(objectFriendMan),
+                                 "<Man speed_by_road=\"50\" cross_country_speed=\"0.5\" default_capacity=\"1\" "
+                                 "acceleration_factor=\"1\"/>");
+        level.start(warehouse);
+        for (Int i = 0; i < 12; ++i)
+            level.addMan(i % 5);
+        std::mt19937 chance(seed);
+        const auto one_of = [&chance](UInt count) { return static_cast<UInt>(chance() % count); };
+        std::map<const cMan*, Vector2> places;
+        for (UInt frame = 0; frame < 3000; ++frame) {
+            if (one_of(60) == 0)
+                level.getMap().clearTasks();
+            cFriendMan& man = *level.getMap().getMen()[one_of(12)];
+            const auto dst = static_cast<Int>(one_of(5));
+            if (one_of(3) == 0 && (one_of(20) == 0 || man.isFree())) {
+                man.waitTask(false);
+                level.send(man, dst)->self_contained = true;
+            }
+            level.frames(1);
+            for (const cFriendMan* each : level.getMap().getMen()) {
+                const auto [before, is_new] = places.try_emplace(each, each->getMovablePosition());
+                EXPECT_LE(glm::distance(before->second, each->getMovablePosition()), 2.1f * frame_way)
+                    << "seed " << seed << ", frame " << frame;
+                before->second = each->getMovablePosition();
+            }
+            if (::testing::Test::HasFailure())
+                return;
+        }
+    }
 }
