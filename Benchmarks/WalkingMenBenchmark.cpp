@@ -94,9 +94,9 @@ void grid(benchmark::State& state) {
     cPairGrid pairs;
     cPairGrid::PAIRS expected;
     compareAll(crowd.places, expected);
-    if (pairs.findPairs(crowd.places, distance) != expected)
+    if (pairs.findPairs(crowd.places, distance * distance) != expected)
         return state.SkipWithError("the pairs differ");
-    measure(state, [&] { benchmark::DoNotOptimize(pairs.findPairs(crowd.places, distance).data()); });
+    measure(state, [&] { benchmark::DoNotOptimize(pairs.findPairs(crowd.places, distance * distance).data()); });
     state.counters["pairs"] = static_cast<double>(expected.size());
 }
 

@@ -53,13 +53,15 @@ void cPairGrid::shareOut(const std::vector<Vector2>& points, Float distance) {
 }
 
 /// Those behind the point in the order of the points.
-void cPairGrid::findPartners(UInt point, const Vector2& place, Float limit) {
+void cPairGrid::findPartners(UInt point, Vector2 place, Float limit, Float least) {
     const auto first_pair = static_cast<std::ptrdiff_t>(m_pairs.size());
-    const auto compare = [&](UInt from, UInt to) {
-        for (UInt i = m_ends[from]; i < m_ends[to]; ++i) {
-            const Vector2 way = m_entries[i].place - place;
-            if (m_entries[i].point > point && glm::dot(way, way) < limit)
-                m_pairs.emplace_back(point, m_entries[i].point);
+    const auto compare = [this, point, place, limit, least](UInt from, UInt to) {
+        const sEntry* const end = m_entries.data() + m_ends[to];
+        for (const sEntry* entry = m_entries.data() + m_ends[from]; entry != end; ++entry) {
+            const Vector2 way = entry->place - place;
+            const Float distance = glm::dot(way, way);
+            if (entry->point > point && distance < limit && distance > least)
+                m_pairs.emplace_back(point, entry->point);
         }
     };
     const UInt row_step = getRowStep(m_mask);
@@ -70,15 +72,16 @@ void cPairGrid::findPartners(UInt point, const Vector2& place, Float limit) {
         if (right > m_mask + 1)
             compare(0, right - m_mask - 1);
     }
-    std::sort(m_pairs.begin() + first_pair, m_pairs.end());
+    if (m_pairs.end() - m_pairs.begin() > first_pair + 1)
+        std::sort(m_pairs.begin() + first_pair, m_pairs.end());
 }
 
-const cPairGrid::PAIRS& cPairGrid::findPairs(const std::vector<Vector2>& points, Float distance) {
+const cPairGrid::PAIRS& cPairGrid::findPairs(const std::vector<Vector2>& points, Float limit, Float least) {
     m_pairs.clear();
-    shareOut(points, distance);
+    shareOut(points, std::sqrt(limit));
     for (UInt i = 0; i < points.size(); ++i) {
         if (m_buckets[i] != no_bucket)
-            findPartners(i, points[i], distance * distance);
+            findPartners(i, points[i], limit, least);
     }
     return m_pairs;
 }

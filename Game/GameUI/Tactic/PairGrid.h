@@ -16,10 +16,11 @@ class cPairGrid {
 public:
     using PAIRS = std::vector<std::pair<UInt, UInt>>;
 
-    /// The pairs (a, b), a before b, of points whose squared distance is less than that of a given one, in the order of
-    /// a, then b. Points that are no numbers are near nothing.
-    /// @param distance  units, above 0
-    const PAIRS& findPairs(const std::vector<Vector2>& points, Float distance);
+    /// The pairs (a, b), a before b, of points whose squared distance lies between two limits, which are not part of
+    /// it, in the order of a, then b. Points that are no numbers are near nothing.
+    /// @param limit  squared units, above 0
+    /// @param least  squared units; below 0 for those who are at one place too
+    const PAIRS& findPairs(const std::vector<Vector2>& points, Float limit, Float least = -1.0f);
 
 private:
     struct sEntry {
@@ -28,7 +29,7 @@ private:
     };
 
     void shareOut(const std::vector<Vector2>& points, Float distance);
-    void findPartners(UInt point, const Vector2& place, Float limit);
+    void findPartners(UInt point, Vector2 place, Float limit, Float least);
 
     UInt m_mask = 0;                ///< number of buckets less 1
     std::vector<UInt> m_buckets;    ///< of each point

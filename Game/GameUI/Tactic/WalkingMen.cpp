@@ -1,7 +1,6 @@
 #include "Game/GameUI/Tactic/WalkingMen.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "Engine/core/CallStack.h"
 #include "Game/GameLogic/men/EnemyMan.h"
@@ -19,46 +18,49 @@ Bool isBusyWithOther(const cManWalkTask& task) {
     return task.isPassBy() || task.isPraying();
 }
 
-/// Can the enemy of the two run the other one down?
-Bool canPushOff(const cMan& a, const cMan& b) {
-    const auto* enemy = dynamic_cast<const cEnemyMan*>(a.isFriend() ? &b : &a);
-    return enemy && enemy->canPushOff();
-}
-
 }  // namespace
 
 void cWalkingMen::test(cTacticMap& map) {
     ENGINE_MARK;
     const sTacticConstants& constants = map.getConstants();
     const Float reach = std::max(constants.push_off_distance, constants.passby_distance);
-    m_men.assign(map.getMen().begin(), map.getMen().end());
-    m_men.insert(m_men.end(), map.getEnemies().begin(), map.getEnemies().end());
-    if (m_men.size() < 2 || !(reach > 0.0f))
+    if (!(reach > 0.0f))
         return;
+    const auto& men = map.getMen();
+    const auto& enemies = map.getEnemies();
+    const auto get_man = [&](UInt i) -> cMan& { return i < men.size() ? *men[i] : *enemies[i - men.size()]; };
     m_places.clear();
-    for (const cMan* man : m_men)
+    for (const cMan* man : men)
         m_places.push_back(man->getMovablePosition());
+    for (const cMan* enemy : enemies)
+        m_places.push_back(enemy->getMovablePosition());
 
-    // What a pair does changes neither list nor place, but for a swap, which changes who walks where.
-    for (const auto& [first, second] : m_grid.findPairs(m_places, std::sqrt(reach))) {
-        cMan& a = *m_men[first];
-        cMan& b = *m_men[second];
+    // Most pairs of one side are so close that nothing happens; without the other side nobody asks for them. What a
+    // pair does changes neither list nor place, but for a swap, which changes who walks where.
+    const Float least_passby = constants.passby_buffer_zone * constants.passby_distance;
+    const Float least = enemies.empty() ? least_passby : -1.0f;
+    for (const auto& [first, second] : m_grid.findPairs(m_places, reach, least)) {
         const Vector2 way = m_places[first] - m_places[second];
         const Float distance = glm::dot(way, way);
-        if (distance < constants.push_off_distance && a.isFriend() != b.isFriend() && canPushOff(a, b)) {
-            a.startPushOff(constants.push_off_time);
-            b.startPushOff(constants.push_off_time);
-            continue;
+        const Bool is_friend = first < men.size();
+        if (is_friend != (second < men.size())) {
+            if (distance < constants.push_off_distance)
+                meetOtherSide(get_man(first), get_man(second), constants.push_off_time);
+        } else if (distance < constants.passby_distance && distance > least_passby) {
+            if (is_friend)
+                meetFriends(get_man(first), get_man(second));
+            else
+                meetEnemies(get_man(first), get_man(second));
         }
-        const Bool is_near =
-            distance < constants.passby_distance && distance > constants.passby_buffer_zone * constants.passby_distance;
-        if (!is_near || a.isFriend() != b.isFriend())
-            continue;
-        if (a.isFriend())
-            meetFriends(a, b);
-        else
-            meetEnemies(a, b);
     }
+}
+
+void cWalkingMen::meetOtherSide(cMan& man, cMan& enemy, Float time) {
+    const auto* attacker = dynamic_cast<const cEnemyMan*>(&enemy);
+    if (!attacker || !attacker->canPushOff())
+        return;
+    man.startPushOff(time);
+    enemy.startPushOff(time);
 }
 
 void cWalkingMen::meetFriends(cMan& a, cMan& b) {

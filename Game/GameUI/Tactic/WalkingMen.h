@@ -16,10 +16,10 @@ public:
     void test(cTacticMap& map);
 
 private:
+    static void meetOtherSide(cMan& man, cMan& enemy, Float time);
     static void meetFriends(cMan& a, cMan& b);
     static void meetEnemies(cMan& a, cMan& b);
 
     cPairGrid m_grid;
-    std::vector<cMan*> m_men;
-    std::vector<Vector2> m_places;
+    std::vector<Vector2> m_places;  ///< of the player's men, then of the enemy's
 };

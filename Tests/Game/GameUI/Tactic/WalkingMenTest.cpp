@@ -25,11 +25,11 @@ TEST(PairGrid, findsTheVeryPairsThatComparingAllFinds) {
         for (UInt a = 0; a < points.size(); ++a) {
             for (UInt b = a + 1; b < points.size(); ++b) {
                 const Vector2 way = points[a] - points[b];
-                if (glm::dot(way, way) < 8.0f * 8.0f)
+                if (glm::dot(way, way) < 64.0f && glm::dot(way, way) > 4.0f)
                     expected.emplace_back(a, b);
             }
         }
-        EXPECT_EQ(grid.findPairs(points, 8.0f), expected) << width;
+        EXPECT_EQ(grid.findPairs(points, 64.0f, 4.0f), expected) << width;
     }
 }
 
