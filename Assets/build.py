@@ -47,6 +47,7 @@ SOUNDS = {  # name: what sounds/make_sounds.py makes under it
 
 DRAWN = {  # name: the module that draws its pictures without Blender
     "small_effects": "effects",
+    "panel": "panel",
 }
 
 LEVELS = "levels"  # the object that levels/make_levels.py makes

@@ -184,6 +184,13 @@ def _sparkles():
     _sheet("sparkles", (w, h), paint)
 
 
+def _spark():
+    """One spark, of which particle effects take many."""
+    canvas = Canvas((24, 24))
+    canvas.star((12, 12), 11.5, "gold", 1.0)
+    picture.save(canvas.image(), "Effects/spark.png")
+
+
 # The goods ------------------------------------------------------------------------------------------------------------
 
 ICON = 28  # pixels
@@ -294,6 +301,7 @@ def draw():
     _explosion()
     _vanish()
     _sparkles()
+    _spark()
     for icon in (_coin, _bread, _log, _stone, _ingot):
         icon()
 

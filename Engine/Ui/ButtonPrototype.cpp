@@ -142,6 +142,8 @@ void cButtonPrototype::mouseMoved() {
 }
 
 void cButtonPrototype::hoverDeep() {
+    if (m_deep_hovered && !m_deep_hovered->pointInRect(cursor()))
+        m_deep_hovered->mouseMoved();  // the pointer has left it, and it has not been told yet
     if (m_deep_hovered && m_deep_hovered->getDeep() >= getDeep())
         return;
     if (m_deep_hovered)

@@ -10,20 +10,11 @@
 #include "Engine/Ui/TextLine.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
-#include "Engine/core/Random.h"
 #include "Engine/core/Timer.h"
+#include "Game/CommonUI/Chance.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
-
-namespace {
-
-/// -limit to limit, both ends included.
-Float drawAround(Float limit) {
-    return (static_cast<Float>(Engine::random().next()) / 32767.0f * 2.0f - 1.0f) * limit;
-}
-
-}  // namespace
 
 cFlyingNumber::cFlyingNumber(cView* parent, Float x, Float y, Int amount, Int kind, Bool random)
     : cControl(parent), m_amount(amount), m_kind(kind), m_number(new cTextLine(this)) {
@@ -37,8 +28,8 @@ cFlyingNumber::cFlyingNumber(cView* parent, Float x, Float y, Int amount, Int ki
     setBlank(true);  // it has no picture of its own
     Vector2 start = Vector2(x, y) + m_offset;
     if (random) {
-        start.x += drawAround(m_random_radius);
-        start.y += drawAround(m_random_radius);
+        start.x += drawBetween(-m_random_radius, m_random_radius);
+        start.y += drawBetween(-m_random_radius, m_random_radius);
     }
     setPosition(start);
     if (parent && parent->getViewKind() != cView::plainView)

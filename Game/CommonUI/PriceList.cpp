@@ -1,6 +1,8 @@
 #include "Game/CommonUI/PriceList.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
@@ -93,6 +95,10 @@ const cIconText& cPriceList::getItem(UInt index) const {
     return *at(index).view;
 }
 
+void cPriceList::blinkItem(UInt index) {
+    at(index).view->blinkIcon();
+}
+
 // The view ---------------------------------------------------------------------------------------------------------
 
 WString cPriceList::makeText(const sItem& item, Bool with_plus) const {
@@ -131,11 +137,13 @@ void cPriceList::updateView() {
 
 void cPriceList::compactLayout() {
     UInt count = 0;
-    m_sum = 0;
+    LongLong sum = 0;
     for (const sItem& item : m_items) {
         count += isLeftOut(item) ? 0 : 1;
-        m_sum += item.value;
+        sum += item.value;
     }
+    m_sum =
+        static_cast<Int>(std::clamp<LongLong>(sum, std::numeric_limits<Int>::min(), std::numeric_limits<Int>::max()));
     Vector2 position = getPosition() + m_base;
     UInt placed = 0;
     for (const sItem& item : m_items) {

@@ -30,6 +30,7 @@ public:
     void setCompare(UInt index, Int value);
     Int getCompare(UInt index) const;
     const cIconText& getItem(UInt index) const;
+    void blinkItem(UInt index);  ///< its icon
 
     Bool isCompact() const { return m_compact; }
     void setCompact(Bool compact) { m_compact = compact; }

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "Engine/Ui/LoadView.h"
-#include "Engine/Ui/ProgressFloat.h"
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
+#include "Game/CommonUI/ProgressFloatExt.h"
 #include "Game/Ui/GameSounds.h"
 
 using namespace Engine;
@@ -15,7 +15,7 @@ void cCargoStorage::loadCargoXML(const iXML* xml, cView* bar_parent) {
     iXML* tag = nullptr;
     if (!xml->get("CargoProgress", tag))
         return;
-    m_progress = new cProgressFloat(bar_parent);
+    m_progress = new cProgressFloatExt(bar_parent);
     m_progress->loadXML(tag);
 }
 

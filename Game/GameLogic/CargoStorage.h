@@ -4,11 +4,11 @@
 #include "Game/Types.h"
 
 namespace Engine {
-class cProgressFloat;
 class cView;
 class iArch;
 class iXML;
 }  // namespace Engine
+class cProgressFloatExt;
 
 /// A store of goods: what is in it, what of that is promised, and how much goes in.
 ///
@@ -18,7 +18,8 @@ class cCargoStorage {
 public:
     virtual ~cCargoStorage() = default;
 
-    /// The child tag "CargoProgress": a bar (cProgressFloat) that shows how full it is, made as a child of that view.
+    /// The child tag "CargoProgress": a bar (cProgressFloatExt) that shows how full it is, made as a child of that
+    /// view.
     void loadCargoXML(const Engine::iXML* xml, Engine::cView* bar_parent);
 
     /// Gives how much was taken in: of goods as much as there is room for, money without limit. 0 or less: nothing.
@@ -52,6 +53,6 @@ private:
 
     sResourceCargo m_cargo;
     sResourceCargo m_locked;
-    Int m_capacity = 0;                            ///< items of all kinds but money
-    Engine::cProgressFloat* m_progress = nullptr;  ///< a child of the view that shows it; null without one
+    Int m_capacity = 0;                       ///< items of all kinds but money
+    cProgressFloatExt* m_progress = nullptr;  ///< a child of the view that shows it; null without one
 };

@@ -16,6 +16,9 @@ public:
     /// Keys "UpgradeNumber", "UpgradeTime" (seconds that each man works), "MenAmount", "Capacity", "texture_mask",
     /// "mask_offset", and those of the price (sResourceCargo).
     virtual void loadXML(const Engine::iXML* xml);
+    /// What it takes to build an object of this definition file: the price in the first row of its table, zero without
+    /// one.
+    static sResourceCargo loadFirstPrice(const String& definition_file);
     /// The number, the time, the men, the capacity and the price; the mask is the definition file's alone.
     void serialize(Engine::iArch& arch);
 

@@ -65,7 +65,8 @@ protected:
 
     void gatherScreens() {
         FILE_NAME_LIST names;
-        files.getIndexedFilenames("ui/", names, true);
+        for (const char* folder : {"ui/", "gameui/"})
+            files.getIndexedFilenames(folder, names, true);
         for (const String& name : names) {
             if (getFileExt(name) != "xml")
                 continue;

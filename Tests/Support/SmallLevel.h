@@ -21,9 +21,11 @@ public:
             if (const char* file = cLevelObject::getDefinitionFile(type))
                 m_program.write(file, makeDefinition(type));
         }
-        for (const char* effect : {"NewProductEffect", "ExplosionEffect", "KillEnemyEffect", "BuildRoadEffect",
-                                   "MakeUpgradeEffect", "DestroyRoadEffect", "BuildFenceEffect", "FlyingNumber"})
+        for (const char* effect :
+             {"NewProductEffect", "ExplosionEffect", "KillEnemyEffect", "BuildRoadEffect", "MakeUpgradeEffect",
+              "DestroyRoadEffect", "BuildFenceEffect", "FlyingNumber", "UpAvailEffect"})
             m_program.write(Engine::String("Effects/") + effect + ".xml", "<e/>");
+        m_program.write("GameUI/ControlPanel.xml", "<Panel/>");
         m_program.write(
             "GameUI/TacticMap.xml",
             "<Map global_pitch=\"50\" passby_distance=\"12\" push_off_distance=\"8\" BirdsPossibility=\"0\" "

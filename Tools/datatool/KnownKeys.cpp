@@ -70,7 +70,7 @@ constexpr sClass classes[] = {
      "Price:PriceList PriceListExt:PriceList CargoText:TextLine PriceText:TextLine Texts:TextLine* Pics:Picture* "
      "MultiTexts:MultilineText*"},
     {"Tips", "", "", "Tip:Tip"},
-    {"IconText", "TextLine", "HasDisableView", "Icon:Picture"},
+    {"IconText", "TextLine", "HasDisableView BlinkTime BlinkPeriod", "Icon:Picture"},
     {"PriceList", "Control",
      "DisableTextColor EnableTextColor ShowIfZero ShowWithX ShowWithPlus ShowOnlyIcons Offset Base Compact "
      "cursor_offset",
@@ -78,6 +78,12 @@ constexpr sClass classes[] = {
     {"Cloud", "Picture", "Speed", ""},
     {"Greeter", "Picture", "GreetAnimation GreetLength PauseMin PauseMax", ""},
     {"TimedEffect", "Picture", "time show_alpha_time hide_alpha_time", ""},
+    {"Particle", "Picture", "Gravity LiveTime MaxScale Speed", ""},
+    {"Sprinkle", "Picture", "Frequency LiveTime RandAngle", "Particle:Particle"},
+    {"TailColor", "", "Color", ""},
+    {"Tail", "Picture", "Frequency LiveTime Radius Divergence GlowShowTime GlowSize Color",
+     "Particle:Particle ColorTable:TailColor*"},
+    {"NewControlEffect", "Sprinkle", "EmittersCount ParticlesCount SpeedModule Sound", ""},
     {"FlyingNumber", "Control", "offset random_radius fly_up_dir fly_up_time DisableTextColor",
      "Number:TextLine Icons:Picture*"},
 
@@ -122,6 +128,14 @@ constexpr sClass classes[] = {
     {"Clouds", "", "", "*:Cloud"},
     {"Bird", "Picture", "Speed change_dir_possibility rotate_angle shadow_offset", "Shadow:Picture"},
     {"Birds", "", "", "*:Bird"},
+
+    {"PanelButton", "AnimButton Tips", "", ""},
+    {"BuyButton", "TextButton", "", "Price:IconText"},
+    {"PanelBuyButton", "BuyButton Oscillator Tips", "", ""},
+    {"ControlPanel", "Back", "CapacityWithMoney",
+     "GlobalResources:PriceList ResourceCapacity:TextLine MenAmount:IconText MainMenuButton:PanelButton "
+     "GoBackButton:PanelButton "
+     "BuyManButton:PanelBuyButton IdolButton:PanelBuyButton CatapultButton:PanelBuyButton Bar:AnimButton"},
 
     // Level objects, their definition files
     {"Cargo", "", "Money Food Wood Stone Iron", ""},
@@ -239,6 +253,7 @@ constexpr sDocument documents[] = {
     {"Effects/KillEnemyEffect.xml", "TimedEffect"},
     {"Effects/MakeUpgradeEffect.xml", "Picture"},
     {"Effects/NewProductEffect.xml", "TimedEffect"},
+    {"Effects/UpAvailEffect.xml", "NewControlEffect"},
     {"Fonts/*", "FontDescription", true},
     {"GameLogic/Bridge.xml", "Bridge"},
     {"GameLogic/Bullet.xml", "Picture"},
@@ -266,6 +281,7 @@ constexpr sDocument documents[] = {
     {"GameLogic/WayPoint.xml", "WayPoint"},
     {"GameLogic/WoodMill.xml", "Mill"},
     {"GameUI/Birds.xml", "Birds"},
+    {"GameUI/ControlPanel.xml", "ControlPanel"},
     {"GameUI/Strategic/StrategicMap.xml", "StrategicMap"},
     {"GameUI/TacticMap.xml", "TacticMap"},
     {"Sounds/GameSounds.xml", "GameSounds"},

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 #include "Engine/core/Keys.h"
 #include "Engine/core/ResourceManager.h"
@@ -11,6 +12,8 @@
 #include "Game/GameLogic/Barrier.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/men/FriendMan.h"
+#include "Game/GameUI/Tactic/ControlPanel.h"
+#include "Game/GameUI/Tactic/PanelButtons.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameMenu.h"
 
@@ -141,7 +144,9 @@ void cPlayer::perform(const sAction& action) {
     }
     if (what == "goback")
         return goBack();
-    if (what == "buy" || what == "trade")
+    if (what == "buy")
+        return buy(words);
+    if (what == "trade")
         return refuse(action.words.size() > 1 ? what + " " + words[1] + ": there is nothing to click yet"
                                               : what + ": there is nothing to click yet");
     throw String("there is no action \"") + what + "\"";
@@ -231,6 +236,26 @@ void cPlayer::drag(const WORDS& words) {
         m_stage.getMachine().pushButton(0, false);
         return true;
     });
+}
+
+void cPlayer::buy(const WORDS& words) {
+    requireCount(words, 2);
+    const cControlPanel& panel = map().getControlPanel();
+    const std::map<std::string, const cPanelBuyButton*> buttons{
+        {"man", &panel.getManButton()}, {"idol", &panel.getIdolButton()}, {"catapult", &panel.getCatapultButton()}};
+    const auto found = buttons.find(words[1]);
+    if (found == buttons.end())
+        throw String("\"") + words[1] + "\" can't be bought";
+    const cPanelBuyButton* button = found->second;
+    if (map().isLocked() || !button->isShown())
+        return refuse("buy " + words[1] + ": there is no such button now");
+    if (!button->canBeBought())
+        return refuse("buy " + words[1] + ": not possible now");
+    m_movements.push_back([this, button] {
+        m_stage.getMachine().move(button->getPosition());
+        return true;
+    });
+    pressAndRelease();
 }
 
 /// The middle of a button, as its screen's file places it.

@@ -32,6 +32,7 @@ private:
     void perform(const sAction& action);
     void click(const WORDS& words);
     void drag(const WORDS& words);
+    void buy(const WORDS& words);
     void query(const WORDS& words);
     void clickMenu(const std::string& file, const std::string& tag);
     void openMenu(const std::string& tag);

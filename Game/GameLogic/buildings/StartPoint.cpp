@@ -145,6 +145,7 @@ void cStartPoint::onCaravanCame() {
     m_caravan->disable();
     updateVisualState();
     bornStartUpMen();
+    getMap().showControlPanel();
 }
 
 void cStartPoint::bornStartUpMen() {
@@ -168,9 +169,10 @@ Int cStartPoint::addResourceItems(Int type, Int amount) {
 
 // The way back -------------------------------------------------------------------------------------------------------
 
-/// Not by a pointer that has left the screen through its upper edge.
+/// Not by a pointer over the control panel, or one that has left the screen through its upper edge.
 Bool cStartPoint::isPointedAt() const {
-    return cLogic::getInstance()->getCursorPos().y > 0.0f;
+    const Vector2& cursor = cLogic::getInstance()->getCursorPos();
+    return cursor.y > 0.0f && !getMap().isPanelAt(cursor);
 }
 
 void cStartPoint::hoverBridge(eButtonState state) {

@@ -14,6 +14,7 @@
 #include "Engine/graphics/Graphics.h"
 #include "Engine/input/Input.h"
 #include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/Upgrade.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
@@ -24,6 +25,7 @@
 #include "Game/GameLogic/roads/RoadEnemy.h"
 #include "Game/GameLogic/roads/TransRoad.h"
 #include "Game/GameUI/Strategic/StrategicMap.h"
+#include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/LevelBackgroundObject.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
@@ -44,6 +46,7 @@ constexpr Int to_last_comics = -1;    ///< next_level
 
 cTacticMap::cTacticMap(cView* parent)
     : cCenteredScrollBack(parent),
+      m_control_panel(new cControlPanel(this)),
       m_idol_icon(new cPicture(this)),
       m_catapult_icon(new cPicture(this)),
       m_water(new cPicture(this)),
@@ -53,6 +56,8 @@ cTacticMap::cTacticMap(cView* parent)
       m_objects(new cView(this)) {
     ENGINE_MARK;
     loadView(*this, definition_file);
+    m_control_panel->setIdolCost(cUpgrade::loadFirstPrice(cLevelObject::getDefinitionFile(objectIdol)));
+    m_control_panel->setCatapultCost(cUpgrade::loadFirstPrice(cLevelObject::getDefinitionFile(objectPlayerCatapult)));
     m_objects->enable();
     m_objects->absoluteEnable();
     iTipWorld::set(this);
@@ -153,10 +158,12 @@ void cTacticMap::initAfterAppear() {
     m_input_off = false;
     bindAll();
     updateControlPanel();
-    if (m_start_point->getMenBorn() >= 1)
+    if (m_start_point->getMenBorn() >= 1) {
         m_start_point->hideCaravan();
-    else
+        showControlPanel();
+    } else {
         m_start_point->startCaravan();
+    }
 }
 
 // Frames -------------------------------------------------------------------------------------------------------------
@@ -321,6 +328,7 @@ void cTacticMap::clear() {
     m_goals.reset();
     m_transactions = 0;
     m_roll.clear();
+    m_control_panel->hide();
     absoluteDisable();
     resetOffset();
     stopMoving();
@@ -383,6 +391,7 @@ void cTacticMap::stopInput() {
 void cTacticMap::startLeaving(Int next_level) {
     stopInput();
     m_next_level = next_level;
+    m_control_panel->hide();
     startRoll(cLevelRoll::out);
     if (cStrategicMap* strategic = cStrategicMap::getInstance())
         strategic->show();

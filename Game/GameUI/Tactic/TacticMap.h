@@ -20,6 +20,7 @@ class aTarget;
 class cArrangementUnit;
 class cBarrier;
 class cBuilding;
+class cControlPanel;
 class cFriendMan;
 class cGoal;
 class cGoalsList;
@@ -240,7 +241,10 @@ public:
     void updateBridgeRoads(Bool player, Bool enemy, Bool hide);
     void updateWayPoints(Bool hide);
     void updateDamagedRoads();
-    void updateControlPanel() {}
+    void updateControlPanel();
+    void showControlPanel();
+    Bool isPanelAt(const Vector2& point) const;  ///< does the control panel hide that place of the screen?
+    cControlPanel& getControlPanel() const { return *m_control_panel; }
     void onFenceBuilt();  ///< after any change of fences
     void targetDamaged(aTarget* target);
     void addBackgroundTile(cLevelBackgroundObject* tile, Bool animated, Bool rolls);
@@ -332,6 +336,7 @@ private:
     std::vector<Float> m_men_on_points;
 
     // Children of this view
+    cControlPanel* m_control_panel;
     Engine::cPicture* m_idol_icon;
     Engine::cPicture* m_catapult_icon;
     Engine::cPicture* m_water;

@@ -7,6 +7,7 @@
 #include "Game/GameLogic/GoalsList.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/men/FriendMan.h"
+#include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameSounds.h"
@@ -225,6 +226,8 @@ cFriendMan* cTacticMap::setUpInitMan(Int point) {
     m_men.push_back(man);
     man->setPoint(point);
     man->setInitState();
+    m_control_panel->setMen(getNumberOfMen());
+    m_control_panel->updateView();
     addToLevelStat(statMenMade, 1);
     return man;
 }

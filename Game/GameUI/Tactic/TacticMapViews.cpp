@@ -8,14 +8,22 @@
 #include "Engine/input/Input.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
-#include "Game/GameLogic/buildings/Building.h"
+#include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/DamagedRoad.h"
 #include "Game/GameLogic/roads/RoadEnemy.h"
+#include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
+
+namespace {
+
+constexpr Int idol_plan = 26;      ///< the product without which there are no idols
+constexpr Int catapult_plan = 31;  ///< the product without which there are no catapults
+
+}  // namespace
 
 // The cascade --------------------------------------------------------------------------------------------------------
 
@@ -40,8 +48,30 @@ void cTacticMap::updateView(Bool hide) {
 void cTacticMap::updateGlobalResources(Bool force) {
     ENGINE_MARK;
     getGlobalCargo(force);
+    m_control_panel->setGlobalResources(m_global_cargo, getNumberOfMen(), m_global_capacity);
     updateControlPanel();
     updateUpgradableUnits();
+}
+
+void cTacticMap::updateControlPanel() {
+    ENGINE_MARK;
+    if (!m_start_point)
+        return;
+    m_control_panel->setManCost(m_start_point->getManCost());
+    m_control_panel->setManAllowed(canBuyMan());
+    m_control_panel->setMaxMen(m_start_point->getMaxAmount());
+    m_control_panel->setBackAllowed(m_start_point->getPrevLevel() >= 0);
+    m_control_panel->setIdolAllowed(getProduct(idol_plan) > 0);
+    m_control_panel->setCatapultAllowed(getProduct(catapult_plan) > 0);
+    m_control_panel->updateView();
+}
+
+void cTacticMap::showControlPanel() {
+    m_control_panel->show();
+}
+
+Bool cTacticMap::isPanelAt(const Vector2& point) const {
+    return m_control_panel->isShown() && m_control_panel->pointInRect(point);
 }
 
 void cTacticMap::updateUpgradableUnits() {

@@ -159,6 +159,16 @@ TEST_F(Button, ofEqualDeepKeepsTheFirstHolder) {
     EXPECT_EQ(take(), (LIST{"left hover"}));
 }
 
+TEST_F(Button, ofEqualDeepTakesOverFromOneThatThePointerHasLeft) {
+    add("left", {100.0f, 100.0f}, 1.0f, true);
+    add("right", {300.0f, 100.0f}, 1.0f, true);
+    program.moveCursor(300.0f, 100.0f);
+    program.frame();
+    program.moveCursor(100.0f, 100.0f);  // the left one is asked first
+    program.frame();
+    EXPECT_EQ(take(), (LIST{"right hover", "right unhover", "left hover"}));
+}
+
 TEST_F(Button, maskDecidesWithinTheRectangle) {
     cTestButton* button = add("b", {100.0f, 100.0f});
     // Two columns of four rows: only the lower half of the right column counts.
