@@ -32,6 +32,7 @@ OBJECTS = {  # name: (Blender script, what it shall render, the function of comp
     "buildings": ("render_buildings.py", [], "buildings"),
     "roads": ("render_roads.py", [], "roads"),
     "birds": ("render_small.py", ["birds"], "birds"),
+    "cursors": ("render_small.py", ["cursors"], "cursors"),
     "icon": ("render_logos.py", ["icon"], "icon"),
 }
 
@@ -42,11 +43,14 @@ UNITS = {  # name: (Blender script that writes a mesh, its animations and its te
 
 SOUNDS = {  # name: what sounds/make_sounds.py makes under it
     "effects": ["hover", "click", "check", "slide", "type", "dialog", "denied", "bee"],
+    "work": ["building_upgrade", "build_road", "mining_food", "mining_wood", "mining_stone", "mining_iron", "new_resource", "warehouse_full",
+             "market_action", "steal_item", "next_level", "destroy", "friend_falls"],
     "music": ["menu", "game"],
 }
 
 DRAWN = {  # name: the module that draws its pictures without Blender
     "small_effects": "effects",
+    "marks": "marks",
     "panel": "panel",
 }
 

@@ -161,6 +161,13 @@ def birds(renders):
     picture.save(shadow, "Clouds/bird_shadow.png")
 
 
+def cursors(renders):
+    """The idol and the catapult as the pointer carries them, on a soft light rim."""
+    for name in ("idol", "catapult"):
+        image = picture.halo(picture.open_render(f"{renders}/{name}_cursor.png"), 5, "glow", 0.9)
+        picture.save(picture.shrink(image, 3), f"Points/{name}_cursor.png")
+
+
 def icon(renders):
     """The mill on a disc of sky."""
     ground = Image.new("RGBA", (512, 512), (0, 0, 0, 0))

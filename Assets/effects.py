@@ -48,6 +48,13 @@ class Canvas:
         a, b = (numpy.array(palette.rgb(c), dtype=numpy.float64) for c in (shade, colour))
         self.lay(a + (b - a) * light, strength * numpy.clip((1 - far) / softness, 0, 1) ** 1.5)
 
+    def puff(self, at, radius, colour, shade, strength, turn):
+        """A billow: a few balls about a place, turned by an angle, the lit ones last."""
+        for i, (far, large) in enumerate(((0.42, 0.66), (0.46, 0.6), (0.38, 0.7), (0.48, 0.56), (0.0, 0.78))):
+            angle = turn + i * 1.7
+            place = (at[0] + radius * far * math.cos(angle), at[1] + radius * far * 0.7 * math.sin(angle))
+            self.ball(place, radius * large, colour, shade, strength * 0.62, 0.75)
+
     def glow(self, at, radius, colour, strength):
         far = numpy.hypot(self.x - at[0], self.y - at[1]) / radius
         self.lay(colour, strength * numpy.exp(-(far * 2.2) ** 2) * (far < 1))
@@ -93,33 +100,44 @@ def _dust(name, size, count, colours, rise, strength):
             radius = large * h * (0.10 + 0.17 * age ** 0.6)
             x = w * (0.5 + side * 0.52 + way * 0.10 * age)
             y = h * 0.80 - h * rise * age ** 0.8
-            canvas.ball((x, y), radius, *colours, strength * min(1, age * 7) * (1 - age) ** 1.3)
+            canvas.puff((x, y), radius * 1.15, *colours, strength * min(1, age * 7) * (1 - age) ** 1.3, begin * 20 + age)
     _sheet(name, size, paint)
 
 
 def _upgrade():
-    """Dust around the foot of a building in work, with chips and sparks thrown up out of it."""
+    """Dust around the foot of a building in work, chips thrown up out of it, and sparks where hammers strike."""
     w, h = 144, 96
-    puffs = _puffs("upgrade", 13, (w, h))
+    puffs = _puffs("upgrade", 14, (w, h))
     r = _random("chips")
-    chips = [(r.uniform(0, 1), r.uniform(-0.36, 0.36), r.uniform(-0.22, 0.22), r.uniform(0.5, 0.85), r.randint(3)) for _ in range(10)]
+    chips = [(r.uniform(0, 1), r.uniform(-0.34, 0.34), r.uniform(-0.22, 0.22), r.uniform(0.5, 0.85), r.randint(2)) for _ in range(9)]
+    strikes = [(i / 4 + 0.03, r.uniform(-0.30, 0.30), r.uniform(0.40, 0.66), [(r.uniform(-1, 1), r.uniform(0.5, 1.1)) for _ in range(6)]) for i in range(4)]
+
+    def chip(canvas, place, turn, colour, fade):
+        dx, dy = canvas.x - place[0], canvas.y - place[1]
+        u, v = dx * math.cos(turn) + dy * math.sin(turn), dy * math.cos(turn) - dx * math.sin(turn)
+        for wider, shown in ((0.6, "timber"), (0.0, colour)):
+            canvas.lay(shown, fade * numpy.clip(numpy.minimum(2.7 + wider - numpy.abs(u), 1.2 + wider - numpy.abs(v)), 0, 1))
+
+    def strike(canvas, place, age, sparks):
+        canvas.star(place, 20 * (1 - age * 0.5), "gold", max(0, 1 - age * 2.2), 0.4)
+        for side, speed in sparks:
+            at = (place[0] + side * 34 * age * speed, place[1] - speed * 46 * age + 60 * age * age)
+            canvas.glow(at, 4.6, "fire", 1.1 * (1 - age))
+            canvas.glow(at, 2.2, "cream", 1.4 * (1 - age))
 
     def paint(canvas, t):
-        for begin, side, large, way in puffs:
+        for begin, side, large, way in sorted(puffs, key=lambda p: (t - p[0]) % 1, reverse=True):
             age = (t - begin) % 1
-            canvas.ball((w * (0.5 + side * 0.8 + way * 0.05 * age), h * (0.82 - 0.22 * age)), large * h * (0.10 + 0.13 * age),
-                        "cream", "haze", 0.62 * min(1, age * 6) * (1 - age))
+            canvas.puff((w * (0.5 + side * 0.72 + way * 0.06 * age), h * (0.82 - 0.24 * age)), large * h * (0.14 + 0.15 * age),
+                        "cream", "haze", 0.9 * min(1, age * 6) * (1 - age), begin * 20 + way * age)
         for begin, x, drift, high, kind in chips:
             age = (t - begin) % 1
             place = (w * (0.5 + x + drift * age), h * (0.80 - high * 2.8 * age * (1 - age)))
-            fade = min(1, age * 8) * min(1, (1 - age) * 4)
-            if kind == 0:
-                canvas.star(place, 6.5, "gold", fade, age * 3)
-            else:
-                turn = age * 9 + x * 20
-                dx, dy = canvas.x - place[0], canvas.y - place[1]
-                u, v = dx * math.cos(turn) + dy * math.sin(turn), dy * math.cos(turn) - dx * math.sin(turn)
-                canvas.lay("plank" if kind == 1 else "stone", fade * numpy.clip(1.6 - numpy.maximum(numpy.abs(u) / 2.4, numpy.abs(v) / 1.1), 0, 1))
+            chip(canvas, place, age * 9 + x * 20, ("wheat", "plank_light")[kind], min(1, age * 8) * min(1, (1 - age) * 4))
+        for begin, x, y, sparks in strikes:
+            age = ((t - begin) % 1) / 0.42
+            if age < 1:
+                strike(canvas, (w * (0.5 + x), h * y), age, sparks)
     _sheet("upgrade", (w, h), paint)
 
 
@@ -246,7 +264,7 @@ def _coin():
         icon.line([(14, 14.6), (x, 9.8)], 1.6, "furrow", 0.85)
     icon.line([(14, 19), (14, 7.8)], 1.6, "furrow", 0.85)
     icon.arc((4.6, 4, 23.4, 22), 190, 285, 1.1, "cream", 0.9)
-    icon.save("money")
+    return icon
 
 
 def _bread():
@@ -256,7 +274,7 @@ def _bread():
         icon.line([(x - 2.2, 15.2), (x + 2.4, 8.4)], 2.6, "furrow", 0.7, loaf)
         icon.line([(x - 1.6, 15.0), (x + 2.6, 8.8)], 1.5, "cream", 1.0, loaf)
     icon.line([(5, 20.2), (14, 20.8), (24, 18.6)], 2.2, "trunk", 0.35, loaf)
-    icon.save("food")
+    return icon
 
 
 def _log():
@@ -268,7 +286,7 @@ def _log():
     icon.ellipse((3.2, 10, 13.6, 23), "horn", "wheat")
     icon.arc((5, 12.2, 11.8, 20.8), 0, 360, 0.9, "plank", 0.9)
     icon.arc((6.9, 14.4, 9.9, 18.4), 0, 360, 0.9, "plank", 0.9)
-    icon.save("wood")
+    return icon
 
 
 def _stone():
@@ -279,7 +297,7 @@ def _stone():
     icon.line([(6, 14.4), (9, 15.6), (10, 18.4)], 0.9, "rock_dark", 0.8)
     icon.line([(19, 16), (20.6, 18)], 0.9, "ink", 0.5)
     icon.line([(3.6, 10.4), (15.4, 14.1), (24.6, 8)], 0.8, "cream", 0.8)
-    icon.save("stone")
+    return icon
 
 
 def _ingot():
@@ -289,7 +307,10 @@ def _ingot():
     icon.polygon([(12.4, 13.8), (25, 9.6), (26, 17), (10.6, 22.8)], "slate", "iron")
     icon.line([(7, 9.2), (12.4, 13.8), (24.6, 9.8)], 0.8, "cream", 0.9)
     icon.line([(14.4, 16.6), (21.6, 14)], 1.4, "shade_light", 0.7)
-    icon.save("iron")
+    return icon
+
+
+GOODS = {"money": _coin, "food": _bread, "wood": _log, "stone": _stone, "iron": _ingot}
 
 
 def draw():
@@ -302,8 +323,8 @@ def draw():
     _vanish()
     _sparkles()
     _spark()
-    for icon in (_coin, _bread, _log, _stone, _ingot):
-        icon()
+    for name, icon in GOODS.items():
+        icon().save(name)
 
 
 if __name__ == "__main__":

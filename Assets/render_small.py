@@ -1,9 +1,10 @@
-"""Renders the tick, the cloud and the birds: blender -b -P render_small.py -- DIR [tick] [cloud] [birds]"""
+"""Renders the tick, the cloud, the birds and the pointer's burdens: blender -b -P render_small.py -- DIR [tick] [cloud] [birds] [cursors]"""
 import math
 import os
 import sys
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path[:0] = [HERE, os.path.join(HERE, "buildings"), os.path.join(HERE, "men")]
 import scene
 
 SCALE = 3  # of the tick, to its size on the screen
@@ -70,10 +71,35 @@ def render_birds(out):
             scene.render(f"{out}/{name}_{i}.png", (BIRD_SIZE * SCALE, BIRD_SIZE * SCALE), 24)
 
 
+def small_catapult():
+    """The catapult as it lies ready, a stone in its spoon."""
+    import catapult
+    m = scene.Model("catapult")
+    for figure in (catapult.make_frame(), catapult.make_stone()):
+        m.add(figure.points, figure.faces, figure.colours)
+    return m.build(0.01)
+
+
+CURSOR = 52  # units, of both
+
+
+def render_cursors(out):
+    """What the pointer carries while a place for it is looked for."""
+    import models
+    scene.reset()
+    models.totem(1)
+    scene.map_camera((0.0, 0, 1.15), 3.5)
+    scene.render(f"{out}/idol_cursor.png", (CURSOR * SCALE, CURSOR * SCALE), 48)
+    scene.reset()
+    scene.place(small_catapult(), (0, 0, 0), math.radians(-40))
+    scene.map_camera((0.0, 0, 0.45), 2.5)
+    scene.render(f"{out}/catapult_cursor.png", (CURSOR * SCALE, CURSOR * SCALE), 48)
+
+
 def main():
     out, *wanted = scene.arguments()
     for name in wanted:
-        {"tick": render_tick, "cloud": render_cloud, "birds": render_birds}[name](out)
+        {"tick": render_tick, "cloud": render_cloud, "birds": render_birds, "cursors": render_cursors}[name](out)
 
 
 main()

@@ -1,11 +1,13 @@
 """From the renders of what stands on the maps to its pictures: the thing itself, and the ground under it with its shadow."""
 import numpy
-from PIL import Image
+from PIL import Image, ImageFilter
 
 import looks
 import palette
 import picture
 
+
+PLOTS = ("FoodMill", "Warehouse", "WoodMill", "StoneMill", "IronMill")  # roped off at level 0
 
 
 def pictures(renders, name):
@@ -21,9 +23,24 @@ def pictures(renders, name):
             picture.save(frames[0], f"Buildings/{file}.png")
             picture.save(picture.row_of(frames, 4), f"Buildings/{file}{looks.TURNING}.png")
         else:
-            picture.save(shrunk(f"{renders}/{file}.png", look.size), f"Buildings/{file}.png")
+            image = shrunk(f"{renders}/{file}.png", look.size)
+            picture.save(image, f"Buildings/{file}.png")
+            if name in PLOTS and state.endswith("_0"):
+                picture.save(filled(image), f"Buildings/{file}_mask.png")
         if look.trodden:
             picture.save(base(f"{renders}/{file}_shadow.png", look, file), f"Buildings/{file}_base.png")
+
+
+def filled(image):
+    """What is hit of a plot: the ground within its ropes, too, where the picture is clear."""
+    alpha = numpy.asarray(image.getchannel("A").filter(ImageFilter.MaxFilter(3))) > 40
+    def spans(a):
+        """All from the first to the last in each row."""
+        return numpy.logical_or.accumulate(a, axis=1) & numpy.logical_or.accumulate(a[:, ::-1], axis=1)[:, ::-1]
+    inside = spans(alpha) & spans(alpha.T).T
+    out = Image.new("RGBA", image.size, (*palette.rgb("ink"), 0))
+    out.putalpha(Image.fromarray((inside * 255).astype(numpy.uint8), "L"))
+    return out
 
 
 def shrunk(path, size):

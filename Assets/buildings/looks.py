@@ -39,6 +39,7 @@ LOOKS = {
     "EnemyFence_tower": look((36, 152), (18, 76), ("init_state",)),
     "EnemyFence_site": look((22, 28), (11, 14), ("init_state",)),
     "Stone": look((18, 18), (9, 12), ("init_state",)),
+    "Goods": look((136, 84), (68, 46), tuple(f"cargo_{i}" for i in range(1, 5))),
     "Caravan": look((96, 72), (48, 50), ("init_state",)),
 }
 
@@ -47,6 +48,10 @@ def is_moving(name, state):
     return state in LOOKS[name].moving
 
 
+def is_numbered(state):
+    return state.startswith(("wait", "cargo"))
+
+
 def file_name(name, state):
     """Of the picture, without its ending."""
-    return name + ("_" + state.rsplit("_", 1)[1] if state.startswith("wait") else "")
+    return name + ("_" + state.rsplit("_", 1)[1] if is_numbered(state) else "")

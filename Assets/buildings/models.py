@@ -6,7 +6,7 @@ import math
 
 import props
 import scene
-from looks import LOOKS
+from looks import LOOKS, is_numbered
 
 TURN = math.radians(-24)  # of houses: the right wall is seen too
 HEIGHT = 1.55  # of a storey; the doors are for men who are drawn large
@@ -674,6 +674,23 @@ def totem(level):
     put(props.flowers(1), 0.3, -1.3, 0, 0, 0.6)
 
 
+def goods(step):
+    """What lies before a warehouse, more of it with each of four steps; the stairs in the middle stay free."""
+    put(sacks(3, 3), -2.5, -0.1, 0, 0.2, 1.3)
+    if step >= 2:
+        put(crate(1, 0.95), 2.0, 0.3, 0, 0.3)
+        put(crate(2, 0.75), 3.0, -0.2, 0, -0.3)
+    if step >= 3:
+        put(stack_of_logs(2, 1.6, 2), -3.0, 1.1, 0, -0.4)
+        put(crate(3, 0.7), 2.1, 0.3, 0.95, 0.7)
+        put(barrel(), 1.7, -0.65, 0, 0, 1.2)
+    if step >= 4:
+        put(stone_block(1), 3.4, 0.9, 0, 0.2, 1.2)
+        put(stone_block(2, (0.7, 0.55, 0.45)), 3.35, 0.9, 0.6, -0.2, 1.2)
+        put(sacks(6, 5), -2.6, -0.75, 0, -0.1, 1.25)
+        put(ingots(2, 5), 2.9, -1.0, 0, 0, 1.2)
+
+
 def shop():
     """The market: striped awnings over tables of goods."""
     for x, stripe in ((-1.3, "paint_red"), (1.4, "cobalt")):
@@ -716,7 +733,7 @@ def port():
 
 MAKE = {  # name: puts up a state of it; what it takes is the level, or nothing, and the part of a run for what moves
     "FoodMill": food_mill, "Warehouse": warehouse, "WoodMill": wood_mill, "StoneMill": stone_mill, "IronMill": iron_mill, "Bridge": bridge,
-    "StartPoint": start_point, "Bunker": bunker, "Idol": totem, "Shop": shop, "Port": port, "Caravan": caravan,
+    "StartPoint": start_point, "Bunker": bunker, "Idol": totem, "Shop": shop, "Port": port, "Caravan": caravan, "Goods": goods,
     "PlayerFence_piece": lambda: put(stakes()), "PlayerFence_tower": lambda: put(fence_tower()), "PlayerFence_site": lambda: put(fence_site()),
     "EnemyFence_piece": lambda: put(stakes("log", "log_light", "ink", True)), "EnemyFence_tower": lambda: put(fence_tower(True)),
     "EnemyFence_site": lambda: put(fence_site(True)),
@@ -726,7 +743,7 @@ MAKE = {  # name: puts up a state of it; what it takes is the level, or nothing,
 
 def build(name, state, part=0.0):
     """Puts up what the state shows; part is how far through its run it is, 0 to 1."""
-    if not state.startswith("wait"):
+    if not is_numbered(state):
         return MAKE[name]()
     level = int(state.rsplit("_", 1)[1])
     return MAKE[name](level, part) if LOOKS[name].moving else MAKE[name](level)

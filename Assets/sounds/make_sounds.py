@@ -9,12 +9,16 @@ sys.dont_write_bytecode = True
 import effects  # noqa: E402
 import encode  # noqa: E402
 import music  # noqa: E402
+import work  # noqa: E402
 
 
 def main(folder, names):
     for serial, name in enumerate(sorted(effects.EFFECTS), 1):
         if name in names:
             encode.write_ogg(os.path.join(folder, "Sounds", name + ".ogg"), effects.make(name), 4, serial)
+    for serial, name in enumerate(work.WORK, 201):
+        if name in names:
+            encode.write_ogg(os.path.join(folder, "Sounds", name + ".ogg"), work.make(name), 4, serial)
     for serial, (name, (file, _)) in enumerate(music.PIECES.items(), 101):
         if name in names:
             encode.write_ogg(os.path.join(folder, "Music", file + ".ogg"), music.make(name), 4, serial)

@@ -149,9 +149,9 @@ constexpr sClass classes[] = {
     {"IdolUpgrade", "Upgrade", "DamageRadius Prey Height", ""},
     {"CatapultUpgrade", "Upgrade", "DamageRadius Height", "ChargeCargo:Cargo"},
     {"WayPoint", "AttackedObject FieldObject", "arrangement_delta arrangement_radius center_offset distance_to_gates",
-     "Back:Picture EnemyGates:Picture Gates:Picture"},
-    {"Road", "AttackedObject", "", "TileTemplate:ProgressFloat"},
-    {"Barrier", "AttackedObject", "", "Upgrades:Upgrade* Progress:ProgressFloat UpgradeTick:TicksHolder"},
+     "Back:Picture EnemyGates:Picture Gates:Picture RoadPrice:PriceList"},
+    {"Road", "AttackedObject", "alfa_param disabled_color", "TileTemplate:ProgressFloat Progress:ProgressFloat"},
+    {"Barrier", "AttackedObject", "", "Upgrades:Upgrade* UpgradeTick:ProgressFloat"},
     {"Fence", "Barrier", "default_building_time disabled_color",
      "TileFence:AnimButton TileFencePlace:AnimButton FenceTower:AnimButton"},
     {"BridgeRoad", "Barrier", "damaged_tile_length",
@@ -160,14 +160,15 @@ constexpr sClass classes[] = {
     {"Building", "AttackedObject FieldObject", "ellipse_a ellipse_b arrangement_delta entrance_angle",
      "Base:Picture Shadow:Picture CargoProgress:ProgressFloat"},
     {"UpgradePrice", "PriceList", "", "Background:Picture Text:TextLine"},
+    {"UpgradeButton", "AnimButton Oscillator Tips", "", ""},
     {"UpgradableBuilding", "Building", "tooltip_plan_price_offset",
-     "Progress:ProgressFloat UpgradeButton:TipTextButton UpgradeTick:TicksHolder Bomb:Picture "
+     "Progress:ProgressFloat UpgradeButton:UpgradeButton UpgradeTick:Picture Bomb:Picture "
      "BombProgress:ProgressFloat "
      "UpgradePrice:UpgradePrice Upgrades:Upgrade*"},
     {"Warehouse", "UpgradableBuilding", "cargo_levels_amount", "Goods:Picture"},
     {"MenOffset", "", "id offset", ""},
-    {"Mill", "UpgradableBuilding", "loading_bay_angle",
-     "Upgrades:MillUpgrade* UnloadButton:TipTextButton UnloadTick:TicksHolder MiningTick:TicksHolder "
+    {"Mill", "UpgradableBuilding", "loading_bay_angle cargo_levels_amount",
+     "Upgrades:MillUpgrade* UnloadButton:UpgradeButton UnloadTick:TicksHolder MiningTick:TicksHolder "
      "MiningManProto:Picture MiningManTool:Picture MenOffsets:MenOffset*"},
     {"Idol", "UpgradableBuilding", "alfa_param disabled_color delta_start tooltip_preys_offset pray_sound_time",
      "Upgrades:IdolUpgrade*"},
@@ -277,6 +278,7 @@ constexpr sDocument documents[] = {
     {"GameLogic/StartPoint.xml", "StartPoint"},
     {"GameLogic/StoneMill.xml", "Mill"},
     {"GameLogic/Target.xml", "Target"},
+    {"GameLogic/Tip.xml", "Tip"},
     {"GameLogic/Warehouse.xml", "Warehouse"},
     {"GameLogic/WayPoint.xml", "WayPoint"},
     {"GameLogic/WoodMill.xml", "Mill"},
