@@ -44,17 +44,20 @@ void cButtonPrototype::loadXML(const iXML* xml) {
 
     String mask_name;
     readKey(*xml, u"texture_mask", mask_name);
-    if (!mask_name.empty()) {
-        VECTOR_VECTOR_BOOL mask;
-        cGraphics::getInstance()->getMask(mask_name, mask);
-        setMask(std::move(mask));
-    }
+    if (!mask_name.empty())
+        loadMask(mask_name);
 
     iXML* sounds = nullptr;
     if (xml->get("Sounds", sounds)) {
         readSound(*sounds, u"Click", m_click_sound);
         readSound(*sounds, u"Hover", m_hover_sound);
     }
+}
+
+void cButtonPrototype::loadMask(const String& path) {
+    VECTOR_VECTOR_BOOL mask;
+    cGraphics::getInstance()->getMask(path, mask);
+    setMask(std::move(mask));
 }
 
 void cButtonPrototype::setMask(VECTOR_VECTOR_BOOL mask) {

@@ -45,6 +45,8 @@ public:
     void setDeepProcessing(Bool deep_processing) { m_is_deep_processing = deep_processing; }
     Bool isDeepProcessing() const { return m_is_deep_processing; }
 
+    void loadMask(const String& path);  ///< the hit mask is what is seen of that picture
+
 protected:
     void setMask(VECTOR_VECTOR_BOOL mask);
 

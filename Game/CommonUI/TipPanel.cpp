@@ -1,6 +1,7 @@
 #include "Game/CommonUI/TipPanel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/MultilineText.h"
@@ -78,11 +79,15 @@ void cTipPanel::loadLooks(const iXML& xml) {
 
 // Coming and going -------------------------------------------------------------------------------------------------
 
-Bool cTipPanel::canStart() const {
+Bool cTipPanel::canStart() {
+    if (!m_file.empty())
+        loadView(*this, std::exchange(m_file, String()));
     return !m_suppressed && !(iTipWorld::get() && iTipWorld::get()->isPointedAt(m_owner));
 }
 
 void cTipPanel::start() {
+    if (m_is_empty)
+        return;
     m_wait_left = m_wait_time;
     m_hiding = false;
     updatePosition();
@@ -173,14 +178,23 @@ void cTipPanel::updateTipData(iExtendedInfoTip* source) {
     sInfoTip info;
     source->updateInfoTipCargo(info);
     updateTipCargo(info);
-    if (m_cargo_text && !info.text.empty())
-        m_cargo_text->setText(info.text);
+    const Bool has_cargo = tellCaption(m_cargo_text, info);
 
     info = {};
     source->updateInfoTipPrice(info);
     updateTipPrice(info);
-    if (m_price_text && !info.text.empty())
-        m_price_text->setText(info.text);
+    const Bool has_price = tellCaption(m_price_text, info);
+    m_is_empty = !has_cargo && !has_price;
+}
+
+/// A half that tells nothing has no caption. False for such a one.
+Bool cTipPanel::tellCaption(cTextLine* caption, const sInfoTip& info) {
+    const Bool is_told = !info.text.empty() || info.men >= 0 || info.use_products ||
+                         std::any_of(info.cargo.begin(), info.cargo.end(), [](Int amount) { return amount != 0; });
+    if (caption && !info.text.empty())
+        caption->setText(info.text);
+    leaveOut(caption, !is_told);
+    return is_told;
 }
 
 void cTipPanel::updateTipCargo(const sInfoTip& info) {

@@ -37,9 +37,12 @@ public:
     /// is relative to the tip; all are shown and hidden together.
     void loadXML(const Engine::iXML* xml);
 
+    /// The same from that file, when the tip is first to be shown: most things are never pointed at.
+    void setFile(const String& path) { m_file = path; }
+
     /// The pointer has come. False if the tip is suppressed or the object is pointed at: nothing starts then. Else the
     /// owner updates the tip's data and calls start().
-    Bool canStart() const;
+    Bool canStart();
     void start();
     void leave();   ///< the pointer has gone
     void vanish();  ///< at once, with everything that is shown
@@ -77,12 +80,14 @@ private:
     void takeLook(eScreenSide side);
     void leaveOut(const Engine::cControl* view, Bool left_out);
     void applyAlpha();
+    Bool tellCaption(Engine::cTextLine* caption, const sInfoTip& info);
     void fillList(cPriceList* list, const sInfoTip& info);
     void fillProducts(const sInfoTip& info);
     void leaveLackMode();
     Bool showLack(cPriceList* list);
 
     Engine::cControl& m_owner;
+    String m_file;  ///< yet to be read; empty for none
     std::vector<sPart> m_parts;
     Float m_wait_time = 0.0f;          ///< seconds
     Float m_wait_left = 0.0f;          ///< seconds
@@ -100,6 +105,7 @@ private:
     Engine::cTextLine* m_cargo_text = nullptr;
     Engine::cTextLine* m_price_text = nullptr;
     WString m_price_caption;  ///< what the lack mode has put its own words over
+    Bool m_is_empty = false;  ///< the owner had nothing to tell
     Bool m_covered = true;
     Bool m_lack_mode = false;
     Bool m_suppressed = false;

@@ -23,6 +23,7 @@ public:
         m_tip.vanish();  // it may have been hovered before it had its place
     }
     void loadTipXML(const Engine::iXML* xml_doc) { m_tip.loadXML(xml_doc); }
+    void setTipFile(const String& path) { m_tip.setFile(path); }
 
     void process() override {
         _Button::process();

@@ -71,6 +71,22 @@ void cBarrier::updateInfoTipPrice(sInfoTip& info) {
     info.compare_global = true;
 }
 
+void cBarrier::upgrade() {
+    if (!countFinishedMan())
+        return;
+    setLevel(getLevel() + 1);
+    m_view_built = false;
+    finishUpgrade();
+}
+
+Bool cBarrier::degrade(Int amount) {
+    if (getUpgradeState() != idle || getLevel() < 1)
+        return false;
+    setLevel(std::max(getLevel() - amount, 0));
+    m_view_built = false;
+    return true;
+}
+
 void cBarrier::updateView(Bool hide) {
     aTarget::updateView(hide);
     if (!hasEnds() || hide)

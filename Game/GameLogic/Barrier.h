@@ -31,6 +31,10 @@ public:
     void updateInfoTipCargo(sInfoTip&) override {}
     void updateInfoTipPrice(sInfoTip& info) override;
     Int getUnderPoint() const override { return getP0(); }
+    const sResourceCargo& getPrice() const override { return m_price; }
+    void setPrice(const sResourceCargo& price) { m_price = price; }  ///< that of its arc
+    void upgrade() override;
+    Bool degrade(Int amount) override;
 
     void setConnectionPoint(Int p0, Int p1);
     Bool isViewBuilt() const { return m_view_built; }
@@ -46,17 +50,6 @@ private:
     Engine::cPicture* m_site;  ///< a child of this view, as all pieces are
     Engine::cPicture* m_standing;
     std::vector<Engine::cPicture*> m_pieces;
-    Bool m_view_built = false;  ///< the pieces are those of the present level
-};
-
-/// A barrier of the player's, whose price is that of its arc.
-class cPlayerBarrier : public cBarrier {
-public:
-    using cBarrier::cBarrier;
-
-    const sResourceCargo& getPrice() const override { return m_price; }
-    void setPrice(const sResourceCargo& price) { m_price = price; }
-
-private:
     sResourceCargo m_price;
+    Bool m_view_built = false;  ///< the pieces are those of the present level
 };

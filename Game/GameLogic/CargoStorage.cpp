@@ -37,6 +37,14 @@ Int cCargoStorage::removeResourceItems(Int type, Int amount) {
     return taken;
 }
 
+void cCargoStorage::returnResourceItems(Int type, Int amount) {
+    if (amount <= 0)
+        return;
+    m_cargo.add(type, amount);
+    onCargoChanged(0);
+    updateCargoProgress();
+}
+
 Bool cCargoStorage::hasFreeSpace() const {
     return getRoom() > 0;
 }

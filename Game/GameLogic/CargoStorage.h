@@ -25,6 +25,8 @@ public:
     /// Gives how much was taken in: of goods as much as there is room for, money without limit. 0 or less: nothing.
     virtual Int addResourceItems(Int type, Int amount);
     virtual Int removeResourceItems(Int type, Int amount);  ///< gives how much there was to take out
+    /// What was taken out comes back, whether or not there is still room for it.
+    void returnResourceItems(Int type, Int amount);
     virtual Bool hasFreeSpace() const;
     virtual void onCargoChanged(Int) {}  ///< goods came in
 

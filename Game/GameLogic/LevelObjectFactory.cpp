@@ -5,6 +5,7 @@
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/Ui/Storage.h"
 #include "Engine/core/CallStack.h"
+#include "Game/CommonUI/Tips.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/Bridge.h"
@@ -19,6 +20,7 @@
 #include "Game/GameLogic/men/EnemyMan.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/DamagedRoad.h"
+#include "Game/GameLogic/roads/DraggedRoad.h"
 #include "Game/GameLogic/roads/Road.h"
 #include "Game/GameLogic/roads/RoadEnemy.h"
 #include "Game/GameLogic/roads/TransRoad.h"
@@ -39,32 +41,40 @@ cLevelObject* make(cView* parent) {
     return new T(parent);
 }
 
+/// One that tells about itself.
+template <class T>
+cLevelObject* makeTipped(cView* parent) {
+    auto* object = new cTips<T>(parent);
+    object->setTipFile("GameLogic/Tip.xml");
+    return object;
+}
+
 constexpr sObjectType object_types[] = {
     {objectWayPoint, "GameLogic/WayPoint.xml", make<cStorage<cWayPoint>>},
     {objectRoad, "GameLogic/Road.xml", make<cStorage<cRoad>>},
     {objectRoadEnemy, "GameLogic/RoadEnemy.xml", make<cStorage<cRoadEnemy>>},
-    {objectPlayerFence, "GameLogic/PlayerFence.xml", make<cStorage<cPlayerFence>>},
-    {objectEnemyFence, "GameLogic/EnemyFence.xml", make<cStorage<cEnemyFence>>},
-    {objectIdol, "GameLogic/Idol.xml", make<cIdol>},
-    {objectPlayerCatapult, "GameLogic/PlayerCatapult.xml", make<cPlayerCatapult>},
-    {objectEnemyCatapult, "GameLogic/EnemyCatapult.xml", make<cEnemyCatapult>},
-    {objectStartPoint, "GameLogic/StartPoint.xml", make<cStartPoint>},
-    {objectWarehouse, "GameLogic/Warehouse.xml", make<cWarehouse>},
-    {objectIronMill, "GameLogic/IronMill.xml", make<cIronMill>},
-    {objectStoneMill, "GameLogic/StoneMill.xml", make<cStoneMill>},
-    {objectWoodMill, "GameLogic/WoodMill.xml", make<cWoodMill>},
-    {objectFoodMill, "GameLogic/FoodMill.xml", make<cFoodMill>},
-    {objectBridge, "GameLogic/Bridge.xml", make<cBridge>},
-    {objectBunker, "GameLogic/Bunker.xml", make<cBunker>},
-    {objectPort, "GameLogic/Port.xml", make<cPort>},
-    {objectShop, "GameLogic/Shop.xml", make<cShop>},
+    {objectPlayerFence, "GameLogic/PlayerFence.xml", makeTipped<cStorage<cPlayerFence>>},
+    {objectEnemyFence, "GameLogic/EnemyFence.xml", makeTipped<cStorage<cEnemyFence>>},
+    {objectIdol, "GameLogic/Idol.xml", makeTipped<cIdol>},
+    {objectPlayerCatapult, "GameLogic/PlayerCatapult.xml", makeTipped<cPlayerCatapult>},
+    {objectEnemyCatapult, "GameLogic/EnemyCatapult.xml", makeTipped<cEnemyCatapult>},
+    {objectStartPoint, "GameLogic/StartPoint.xml", makeTipped<cStartPoint>},
+    {objectWarehouse, "GameLogic/Warehouse.xml", makeTipped<cWarehouse>},
+    {objectIronMill, "GameLogic/IronMill.xml", makeTipped<cIronMill>},
+    {objectStoneMill, "GameLogic/StoneMill.xml", makeTipped<cStoneMill>},
+    {objectWoodMill, "GameLogic/WoodMill.xml", makeTipped<cWoodMill>},
+    {objectFoodMill, "GameLogic/FoodMill.xml", makeTipped<cFoodMill>},
+    {objectBridge, "GameLogic/Bridge.xml", makeTipped<cBridge>},
+    {objectBunker, "GameLogic/Bunker.xml", makeTipped<cBunker>},
+    {objectPort, "GameLogic/Port.xml", makeTipped<cPort>},
+    {objectShop, "GameLogic/Shop.xml", makeTipped<cShop>},
     {objectFriendMan, "GameLogic/FriendMan.xml", make<cFriendMan>},
     {objectEnemyMan, "GameLogic/EnemyMan.xml", make<cEnemyMan>},
     {objectTransRoad, "GameLogic/Road.xml", make<cStorage<cTransRoad>>},
     {objectDraggedRoad, "GameLogic/Road.xml", make<cStorage<cDraggedRoad>>},
-    {objectPlayerBridgeRoad, "GameLogic/PlayerBridgeRoad.xml", make<cStorage<cPlayerBridgeRoad>>},
-    {objectEnemyBridgeRoad, "GameLogic/EnemyBridgeRoad.xml", make<cStorage<cEnemyBridgeRoad>>},
-    {objectDamagedRoad, "GameLogic/DamagedRoad.xml", make<cStorage<cDamagedRoad>>},
+    {objectPlayerBridgeRoad, "GameLogic/PlayerBridgeRoad.xml", makeTipped<cStorage<cPlayerBridgeRoad>>},
+    {objectEnemyBridgeRoad, "GameLogic/EnemyBridgeRoad.xml", makeTipped<cStorage<cEnemyBridgeRoad>>},
+    {objectDamagedRoad, "GameLogic/DamagedRoad.xml", makeTipped<cStorage<cDamagedRoad>>},
 };
 
 const sObjectType* findType(Int type) {

@@ -40,3 +40,7 @@ void sResourceCargo::serialize(Engine::iArch& arch) {
     for (Int& amount : amounts)
         arch << amount;
 }
+
+Bool sResourceCargo::covers(const sResourceCargo& price) const {
+    return std::equal(price.amounts.begin(), price.amounts.end(), amounts.begin(), std::less_equal<>());
+}

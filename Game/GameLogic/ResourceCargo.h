@@ -26,6 +26,7 @@ struct sResourceCargo {
     /// Adds to one amount, or all of another cargo's; an amount ends at the largest Int.
     void add(Int type, Int amount);
     void add(const sResourceCargo& other);
+    Bool covers(const sResourceCargo& price) const;  ///< is there at least as much of each kind?
     /// Five Ints, written or read by the archive's mode.
     void serialize(Engine::iArch& arch);
 

@@ -12,6 +12,7 @@
 #include "Game/GameLogic/Angles.h"
 #include "Game/GameLogic/buildings/Catapult.h"
 #include "Game/GameLogic/buildings/Idol.h"
+#include "Game/GameLogic/roads/RoadPlan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
@@ -24,6 +25,8 @@ cWayPoint::cWayPoint(cView* parent)
       m_enemy_gate_picture(new cPicture(this)) {
     m_back_picture->setFlat(true);
 }
+
+cWayPoint::~cWayPoint() = default;
 
 void cWayPoint::loadXML(const iXML* xml) {
     ENGINE_MARK;
@@ -151,8 +154,11 @@ void cWayPoint::updateView(Bool hide) {
         show();
     else
         this->hide();
+    if (m_road_plan && isPlanOutdated())
+        pointerLeft();
     if (!m_back_picture->isShow())
         m_back_picture->show();
+    updateRoadPlan();
     setEnabled(!isGateClosed(false, true));
     setStatePicture(getState());
 }

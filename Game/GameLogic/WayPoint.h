@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "Engine/input/ControlCodes.h"
 #include "Game/GameLogic/ArrangementUnit.h"
 #include "Game/GameLogic/FieldObject.h"
 #include "Game/GameLogic/LevelObject.h"
@@ -10,6 +13,8 @@ class cPicture;
 }
 class cCatapult;
 class cIdol;
+class cRoadPlan;
+struct sResourceCargo;
 
 /// The node that the player sees at a point of the graph without a building.
 ///
@@ -19,6 +24,7 @@ class cWayPoint : public cFieldObject<cLevelObject>, public aTarget, public cArr
 public:
     /// @param parent  the map
     explicit cWayPoint(Engine::cView* parent);
+    ~cWayPoint() override;
 
     /// The keys of the field object, then "center_offset", "arrangement_radius", "distance_to_gates" (units),
     /// "arrangement_delta" (radians), "attack_icon_offset", and the child tags "Back", "Gates", "EnemyGates" (cPicture
@@ -31,6 +37,9 @@ public:
     void updateView(Bool hide) override;
     void updateConnections() override;
     Int getType() const override { return objectWayPoint; }
+    void hovered() override;
+    void unhovered() override;
+    void clicked() override;
 
     using cLevelObject::getPosition;
     void getPosition(Vector2& out, Bool local) const override;
@@ -72,6 +81,26 @@ public:
     /// The back picture takes the look "<id>_base", if the object has one.
     virtual void setBackgroundVisualState(const String& id);
 
+    // The road that may be ordered to this point: seen, with its price, while the pointer rests here.
+
+    /// @param src  where it begins; -1: the nearest point of the player's net
+    /// False where there is none.
+    Bool proposeRoadPlan(Int src);
+    void deleteRoadPlan();
+    /// Orders it, or shows what is missing; nothing without one.
+    void processRoadPlan();
+    void updateRoadPlan();
+    void updateRoadPlanPrice();
+    void updateRoadPlanPrice(const sResourceCargo& price, const sResourceCargo& global);
+    void updatePricePosition(const Vector2& pos);
+    void showRoadPrice();
+    void hideRoadPrice();
+    const cRoadPlan* getRoadPlan() const { return m_road_plan.get(); }
+    static void mouseMove(Engine::eControl, Long, cView* _this);
+    /// The pointer has come to the point, or to the building that stands on it. False if no road can lead here.
+    Bool pointerCame();
+    void pointerLeft();
+
     // Gates: at kind 2 one stands here and opens for who passes.
     void openGates();
     void closeGates();  ///< leaves a running cycle alone: it shuts by itself
@@ -92,6 +121,8 @@ private:
     void moveGates();
     void setGateTime(Float time);
     Bool isNodeSeen() const;
+    Bool isPlanOutdated() const;
+    void followPointer(Bool follow);
 
     Int m_index = -1;
     Engine::cPicture* m_back_picture;  ///< a child of this view, as the gates are
@@ -114,4 +145,7 @@ private:
     Float m_distance_to_gates = 10.0f;
     Bool m_road_in_work = false;
     Bool m_fence_in_work = false;
+    std::unique_ptr<cRoadPlan> m_road_plan;
+    Bool m_price_shown = false;      ///< the price is that of this point's plan
+    Bool m_follows_pointer = false;  ///< mouseMove() is bound
 };

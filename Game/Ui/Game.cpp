@@ -5,6 +5,7 @@
 #include "Engine/Ui/Profile.h"
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/core/CallStack.h"
+#include "Engine/core/Keys.h"
 #include "Engine/core/ResourceManager.h"
 #include "Engine/core/ResourceRef.h"
 #include "Game/GameUI/Strategic/StrategicMap.h"
@@ -17,6 +18,7 @@ using namespace Engine;
 
 namespace {
 
+constexpr char game_file[] = "Game.xml";
 constexpr char main_menu_log[] = "reslog_mainmenu.xml";
 constexpr char strategic_log[] = "reslog_strategic.xml";
 constexpr UInt entries_per_frame = 3;
@@ -33,7 +35,7 @@ String getStaticString(const char* name, Int n) {
 
 cGame::cGame(cView* parent, Bool no_save) : cView(parent), m_no_save(no_save) {
     ENGINE_MARK;
-    loadView(*this, "Game.xml");
+    loadView(*this, game_file);
     show();
     enable();
     if (!no_save)
@@ -70,6 +72,23 @@ void cGame::onInitProfile() {
         values[getStaticString("LevelFlag", static_cast<Int>(i))] = 0;
     for (UInt i = 0; i < product_count; ++i)
         values[getStaticString("Product", static_cast<Int>(i))] = 0;
+    giveStartProducts();
+}
+
+void cGame::giveStartProducts() {
+    iXML* game = cResourceManager::getInstance()->getXML(game_file);
+    const cResourceRef holder = cResourceRef::adopt(game);
+    iXML* products = nullptr;
+    if (!game->get("StartProducts", products))
+        return;
+    for (UInt i = 0; i < products->getTagCount(); ++i) {
+        iXML* tag = nullptr;
+        products->get(i, tag);
+        Int id = -1;
+        readKey(*tag, u"id", id);
+        if (id >= 0 && id < static_cast<Int>(product_count))
+            cProfile::getInts()[getStaticString("Product", id)] = 1;
+    }
 }
 
 void cGame::onProfileExist() {

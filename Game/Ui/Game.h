@@ -29,7 +29,8 @@ public:
     void saveLevels();
 
     /// Enters the values of a new player: "CurrentLevel" -1, "LevelFlag<n>" 0 for each level of "LevelMap.lvl",
-    /// "Product<n>" 0 for each product. cProfile calls it before it reads a player's own values.
+    /// "Product<n>" 0 for each product but those of the child tag "StartProducts" of "Game.xml" (a child with an "id"
+    /// for each), which he owns from the beginning. cProfile calls it before it reads a player's own values.
     static void onInitProfile();
 
     static Bool isLevelOpen(Int level);
@@ -47,6 +48,8 @@ public:
     static void askForName();
 
 private:
+    static void giveStartProducts();
+
     std::map<Int, cLevelState> m_levels;  ///< by their numbers
     Bool m_finished = false;              ///< the campaign is over
     Bool m_no_save;

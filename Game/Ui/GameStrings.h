@@ -25,3 +25,9 @@ private:
 
     std::map<String, WString> m_strings;
 };
+
+/// A text of the game by its name; empty without the game's texts.
+inline WString getGameString(const String& id) {
+    const cGameStrings* strings = cGameStrings::getInstance();
+    return strings ? strings->getString(id) : WString();
+}

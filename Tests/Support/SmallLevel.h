@@ -26,6 +26,7 @@ public:
               "DestroyRoadEffect", "BuildFenceEffect", "FlyingNumber", "UpAvailEffect"})
             m_program.write(Engine::String("Effects/") + effect + ".xml", "<e/>");
         m_program.write("GameUI/ControlPanel.xml", "<Panel/>");
+        m_program.write("GameLogic/Tip.xml", "<Tip/>");
         m_program.write(
             "GameUI/TacticMap.xml",
             "<Map global_pitch=\"50\" passby_distance=\"12\" push_off_distance=\"8\" BirdsPossibility=\"0\" "

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "Game/GameLogic/Goal.h"
-#include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/goals/Goal.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 #include "Tests/Support/SmallLevel.h"
 
 /// A job without load or building: go to a point, be there.

@@ -227,6 +227,8 @@ constexpr sClass classes[] = {
     {"Translations", "", "", "*:Translation"},
     {"Translation", "", "", "text:Words translation:Words"},
     {"Words", "", "", ""},
+    {"Product", "", "id", ""},
+    {"Game", "View", "", "StartProducts:Product*"},
     {"NamedText", "", "id value", ""},
     {"NamedTexts", "", "", "Strings:NamedText*"},
     {"NamedSound", "", "id path", ""},
@@ -241,7 +243,7 @@ struct sDocument {
 };
 
 constexpr sDocument documents[] = {
-    {"Game.xml", "View"},
+    {"Game.xml", "Game"},
     {"GameStrings.xml", "NamedTexts"},
     {"YesNoStrings.xml", "NamedTexts"},
     {"LevelMap.lvl", "LevelMap"},

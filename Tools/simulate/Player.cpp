@@ -10,6 +10,7 @@
 #include "Engine/core/iXML.h"
 #include "Engine/graphics/Graphics.h"
 #include "Game/GameLogic/Barrier.h"
+#include "Game/GameLogic/buildings/Mill.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/ControlPanel.h"
@@ -186,6 +187,17 @@ void cPlayer::pressAndRelease() {
         });
 }
 
+/// The unload button of a mill, the upgrade button of a building.
+const cControl* cPlayer::findButton(const std::string& name, const cBuilding* building) {
+    if (name == "upgrade") {
+        if (const auto* upgradable = dynamic_cast<const cUpgradableBuilding*>(building))
+            return &upgradable->getUpgradeButton();
+    } else if (const auto* mill = dynamic_cast<const cMill*>(building)) {
+        return &mill->getUnloadButton();
+    }
+    throw String("it has no button ") + name;
+}
+
 void cPlayer::click(const WORDS& words) {
     if (words.size() == 3 && words[1] == "point") {
         const Int point = toPoint(words[2]);
@@ -205,8 +217,13 @@ void cPlayer::click(const WORDS& words) {
             throw String("there is no man ") + words[2];
         const cFriendMan* man = map().getMen()[static_cast<std::size_t>(number)];
         pointAt([man] { return map().toMap(man->getMovablePosition()); });
-    } else if (words.size() >= 2 && (words[1] == "unload" || words[1] == "upgrade" || words[1] == "caravan")) {
-        return refuse("click " + words[1] + ": there is no such button yet");
+    } else if (words.size() == 4 && (words[1] == "unload" || words[1] == "upgrade")) {
+        const cControl* button = findButton(words[1], findBuilding(toInt(words[2]), toInt(words[3])));
+        if (!button->isShow())
+            return refuse("click " + words[1] + ": the button is not shown");
+        pointAt([button] { return map().toMap(button->getPosition()); });
+    } else if (words.size() >= 2 && words[1] == "caravan") {
+        return refuse("click caravan: there is no such button yet");
     } else {
         throw String("there is nothing to click that is called so");
     }

@@ -10,6 +10,11 @@
 #include "Tools/simulate/Script.h"
 #include "Tools/simulate/Stage.h"
 
+namespace Engine {
+class cControl;
+}
+class cBuilding;
+
 namespace Simulate {
 
 /// Plays the lines of a script with the pointer and the keys, a movement a frame.
@@ -30,6 +35,7 @@ private:
     using WORDS = std::vector<std::string>;
 
     void perform(const sAction& action);
+    static const Engine::cControl* findButton(const std::string& name, const cBuilding* building);
     void click(const WORDS& words);
     void drag(const WORDS& words);
     void buy(const WORDS& words);

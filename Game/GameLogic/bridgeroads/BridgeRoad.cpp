@@ -8,7 +8,7 @@ constexpr char standing_tag[] = "TileBridge";
 }  // namespace
 
 void cPlayerBridgeRoad::loadXML(const Engine::iXML* xml) {
-    cPlayerBarrier::loadXML(xml);
+    cBarrier::loadXML(xml);
     loadPieces(xml, site_tag, standing_tag);
 }
 

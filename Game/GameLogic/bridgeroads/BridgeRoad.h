@@ -3,9 +3,9 @@
 #include "Game/GameLogic/Barrier.h"
 
 /// A bridge over water on one arc; without it nobody passes there.
-class cPlayerBridgeRoad : public cPlayerBarrier {
+class cPlayerBridgeRoad : public cBarrier {
 public:
-    using cPlayerBarrier::cPlayerBarrier;
+    using cBarrier::cBarrier;
 
     /// The keys of cBarrier, then the child tags "TileBridgePlace" and "TileBridge".
     void loadXML(const Engine::iXML* xml) override;

@@ -12,6 +12,8 @@
 #include "Game/GameLogic/SavedValue.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/Ui/GameSounds.h"
+#include "Game/Ui/GameStrings.h"
 
 using namespace Engine;
 
@@ -200,6 +202,32 @@ void cBuilding::destroyMe() {
     discard(static_cast<cView*>(this), here());
 }
 
+// The pointer --------------------------------------------------------------------------------------------------------
+
+void cBuilding::hovered() {
+    cFieldObject<cLevelObject>::hovered();
+    if (cWayPoint* way_point = getUnderWayPoint())
+        way_point->pointerCame();
+}
+
+void cBuilding::unhovered() {
+    cFieldObject<cLevelObject>::unhovered();
+    if (cWayPoint* way_point = getUnderWayPoint())
+        way_point->pointerLeft();
+}
+
+void cBuilding::clicked() {
+    ENGINE_MARK;
+    cWayPoint* way_point = getUnderWayPoint();
+    if (!isPlayerConnected() && way_point && !getMap().getRoadInDrag()) {
+        if (way_point->pointerCame())
+            way_point->processRoadPlan();
+        if (!isActive())
+            playGameSound("btn_clicked");
+    }
+    cFieldObject<cLevelObject>::clicked();
+}
+
 // Its looks ----------------------------------------------------------------------------------------------------------
 
 void cBuilding::updateView(Bool hide) {
@@ -235,6 +263,9 @@ void cBuilding::setBackgroundVisualState(const String& id) {
 }
 
 void cBuilding::updateInfoTipCargo(sInfoTip& info) {
+    if (!isProvider() || !cLevelObject::isPlayerConnected())
+        return;
+    info.text = getGameString("stock");
     info.cargo = getCargo().amounts;
 }
 

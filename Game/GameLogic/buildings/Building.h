@@ -47,6 +47,9 @@ public:
     void updateView(Bool hide) override;
     void updateConnections() override;
     void destroyMe() override;
+    void hovered() override;
+    void unhovered() override;
+    void clicked() override;  ///< one that the net does not reach yet orders a road to itself
 
     using cLevelObject::getPosition;
     void getPosition(Vector2& out, Bool local) const override;

@@ -3,31 +3,81 @@
 #include "Game/GameLogic/UpgradableUnit.h"
 #include "Game/GameLogic/buildings/Building.h"
 
+namespace Engine {
+class cPicture;
+}  // namespace Engine
+class cUpgradeButton;
+
 /// A building that rises by levels.
+///
+/// At level 0 it is a site, which a click orders; from level 1 on its upgrade button orders the next one.
 class cUpgradableBuilding : public cBuilding, public cUpgradableUnit {
 public:
-    using cBuilding::cBuilding;
+    explicit cUpgradableBuilding(Engine::cView* parent);
 
-    /// The keys of cBuilding, then the child tag "Upgrades".
+    /// The keys of cBuilding, then the child tags "Upgrades", "Progress", "UpgradeButton", "UpgradeTick", "Bomb"
+    /// and "BombProgress" (cPicture and cProgressFloat), whose places count from the building's.
     void loadXML(const Engine::iXML* xml) override;
     /// The keys of cBuilding, then "Level", "MinLevel".
     void loadXmlState(const Engine::iXML* xml) override;
     void saveBinState(Engine::iArch& arch) override;
     void loadBinState(Engine::iArch& arch) override;
+    void setInitState() override;
+    void process() override;
+    void updateView(Bool hide) override;
+    void hovered() override;
+    void damage() override;
     void clearWorkingMen() override { clearUpgradeMen(); }
     /// "wait_state_upgrade_" and the level.
     String getVisualStateName() const override;
+    void updateInfoTipCargo(sInfoTip& info) override;
+    void updateInfoTipPrice(sInfoTip& info) override;
 
     Int getUnderPoint() const override { return cBuilding::getUnderPoint(); }
+    Bool isUpgradeAllowed() override;
+    /// Throws "cUpgradableBuilding::createUpgradeGoals(): there are not enough resources on the level to upgrade unit".
+    Bool createUpgradeGoals() override;
+    void upgrade() override;
+    Bool degrade(Int amount) override;
+    /// Throws "cUpgradableBuilding::finishUpgrade(): set of working men is not cleared".
+    void finishUpgrade() override;
+
+    virtual Int getMenInside() const;
     /// The number of the shop's plan for that level; -1 if it needs none.
     virtual Int getUpgradePlanId(Int level) const = 0;
+    virtual Bool upgradePlanWasBought() const;  ///< that for the next level, if it needs one
+
+    void plantBomb(const Vector2& pos, Float time);  ///< it goes off after so many seconds
+    void explodeBomb();
+    Bool hasBomb() const { return m_has_bomb; }
+    const Engine::cControl& getUpgradeButton() const;
 
 protected:
+    /// The first click on a site.
+    void buildingClicked();
+    void takeRowCapacity();  ///< its store is as large as the level says
+    Int takeOwnGoods(Int type, Int amount) override { return removeResourceItems(type, amount); }
+    virtual void onBuildingClick() { buildingClicked(); }
+    virtual void onUpgradeClick();
+
     /// The plan of the first of five levels, for classes whose levels 1 to 5 have plans in a row.
     static Int getPlanInRow(Int first_plan, Int level) {
         return level >= 1 && level <= 5 ? first_plan + level - 1 : -1;
     }
 
 private:
-    void takeRowCapacity();
+    Bool isUpgradeOffered() const;
+    void loadUpgradeMask();
+    void showUpgradeButton();
+    void processBomb();
+
+    // Children of this view
+    cUpgradeButton* m_upgrade_button;
+    Engine::cPicture* m_upgrade_tick;
+    Engine::cPicture* m_bomb;
+    Engine::cProgressFloat* m_bomb_progress;
+    Bool m_has_bomb = false;
+    Float m_bomb_time = 0.0f;      ///< seconds
+    Int m_wrong_clicks = 0;        ///< for want of a plan
+    Bool m_upgrade_marked = true;  ///< the chance of this upgrade has yet to catch the eye
 };

@@ -3,7 +3,10 @@
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Log.h"
 #include "Engine/core/Timer.h"
-#include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/fences/Fence.h"
+#include "Game/GameLogic/goals/GoalsList.h"
+#include "Game/GameLogic/men/tasks/ManBuildRoadTask.h"
+#include "Game/GameLogic/roads/TransRoad.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameSounds.h"
@@ -108,6 +111,16 @@ Bool cFriendMan::canDelivery(Int point) const {
     PATH_HOLDER path;
     return cTacticMap::getInstance()->getBestPathByRoads(this, getPoint(), point, path, true, true, false) &&
            !path.empty();
+}
+
+void cFriendMan::buildRoad(cTransRoad* road) {
+    ENGINE_MARK;
+    setTask(std::make_unique<cManBuildRoadTask>(this, road));
+}
+
+void cFriendMan::buildFence(cFence* fence) {
+    ENGINE_MARK;
+    upgrade(fence);
 }
 
 void cFriendMan::startPushOff(Float time) {

@@ -2,6 +2,9 @@
 
 #include "Game/GameLogic/men/Man.h"
 
+class cFence;
+class cTransRoad;
+
 /// The player's man. He is in one of two lists of the map, free or busy, and whether he has a goal decides which.
 class cFriendMan : public cMan {
 public:
@@ -22,6 +25,8 @@ public:
     /// He carries what he has to that point instead of where he was going.
     void deliveryTo(Int point, cGoal* goal);
     Bool canDelivery(Int point) const;  ///< is there a way?
+    void buildRoad(cTransRoad* road);
+    void buildFence(cFence* fence);
 
 private:
     Int findPlaceToStand() const;

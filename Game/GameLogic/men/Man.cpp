@@ -14,9 +14,10 @@
 #include "Engine/core/Random.h"
 #include "Engine/core/Timer.h"
 #include "Game/CommonUI/PriceList.h"
-#include "Game/GameLogic/GoalsList.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/buildings/UpgradableBuilding.h"
+#include "Game/GameLogic/goals/GoalsList.h"
+#include "Game/GameLogic/men/tasks/ManUpgradeTask.h"
 #include "Game/GameLogic/men/tasks/ManWalkByEllipseTask.h"
 #include "Game/GameLogic/men/tasks/ManWalkTask.h"
 #include "Game/GameLogic/men/tasks/TaskType.h"
@@ -119,7 +120,17 @@ void cMan::process() {
     }
 }
 
+void cMan::setInside(Bool inside) {
+    m_inside = inside;
+    if (inside)
+        hide();
+    else
+        show();
+}
+
 void cMan::updateView(Bool hide) {
+    if (m_inside)
+        return;
     cFieldObject<cLevelObject>::updateView(hide);
     if (!hide && !m_shadow->isShow())
         m_shadow->show();
@@ -442,6 +453,27 @@ const char* cMan::getCargoId() const {
     return "no_cargo";
 }
 
+// His work -----------------------------------------------------------------------------------------------------------
+
+void cMan::upgrade(cUpgradableUnit* dst) {
+    ENGINE_MARK;
+    setWorkVisualState("upgrade");
+    setTask(std::make_unique<cManUpgradeTask>(this, dst));
+}
+
+void cMan::waitForUpgradingColleagues(cUpgradableUnit* dst) {
+    ENGINE_MARK;
+    setWaitVisualStates();
+    setTask(std::make_unique<cManWaitForUpgrade>(this, dst));
+}
+
+void cMan::stopWork() {
+    if (isWalking())
+        return;
+    setTask(nullptr);
+    setWaitState();
+}
+
 // Looks --------------------------------------------------------------------------------------------------------------
 
 void cMan::updateTool(const String& state) {
@@ -464,6 +496,16 @@ void cMan::setWalkVisualState() {
     const String name = String("walk_with_") + id;
     cLevelObject::changeVisualState(name);
     updateTool(name + "_tool");
+}
+
+void cMan::setWorkVisualState(const String& name) {
+    if (cLevelObject::changeVisualState(name))
+        setAnimTime(0.0f);
+    updateTool(name + "_tool");
+}
+
+void cMan::setBuildRoadVisualState(const Vector2&) {
+    setWorkVisualState("build_road");
 }
 
 void cMan::setWaitVisualStates() {

@@ -4,10 +4,10 @@
 
 #include "Engine/Ui/TaskDealer.h"
 #include "Game/GameLogic/FieldObject.h"
-#include "Game/GameLogic/Goal.h"
 #include "Game/GameLogic/LevelObject.h"
 #include "Game/GameLogic/Movable.h"
 #include "Game/GameLogic/ResourceCargo.h"
+#include "Game/GameLogic/goals/Goal.h"
 
 namespace Engine {
 class cPicture;
@@ -79,6 +79,8 @@ public:
     virtual void destroyMe();
     virtual const char* getCargoId() const;  ///< "money" ... "iron" of the first kind that he carries; or "no_cargo"
     virtual void setWaitVisualStates();
+    virtual void upgrade(cUpgradableUnit* dst);  ///< he begins to work on it
+    virtual void waitForUpgradingColleagues(cUpgradableUnit* dst);
 
     cGoal* getGlobalGoal() const { return m_goal.get(); }
     std::shared_ptr<cGoal> holdGlobalGoal() const { return m_goal; }  ///< to call what may end it
@@ -88,6 +90,11 @@ public:
     Bool isPraying() const { return m_is_praying; }
     void doFinalWork();  ///< of his goal, which may end by it
     void doFinalWorkOrWait(Bool rearrange);
+    void leaveRing();
+    void setInside(Bool inside);  ///< he works in a building, where nobody sees him
+    Bool isInside() const { return m_inside; }
+    void stopWork();  ///< whatever he does but walking; he stands where he is
+    void setBuildRoadVisualState(const Vector2& direction);
     void arrange();                     ///< he takes his place at his point, and comes back there if he must
     cManWalkTask* getWalkTask() const;  ///< null unless he walks
     void checkCurrentPath();            ///< after fences have changed
@@ -111,10 +118,10 @@ protected:
     void resetPace();  ///< neither hurried by exchanges nor slowed
     Bool isOnRoad() const { return m_on_road; }
     void setPushTime(Float time) { m_push_time = time; }
+    void setWorkVisualState(const String& name);
     void updateTool(const String& state);  ///< shows it in that look; hides it if he has none of that name
 
 private:
-    void leaveRing();
     Bool isRoadBetween(Int src, Int dst) const;
     Bool canExchange(const cMan* other) const;
     void accelerate();
@@ -140,6 +147,7 @@ private:
     Engine::cPicture* m_shadow;
     Float m_tool_angle = 0.0f;  ///< its own beyond its bearer's, radians
     Bool m_is_praying = false;
+    Bool m_inside = false;
     Bool m_pushed = false;     ///< he lies on the ground
     Float m_push_time = 0.0f;  ///< seconds left of it
     Bool m_on_road = false;

@@ -13,14 +13,15 @@
 #include "Engine/core/Timer.h"
 #include "Engine/graphics/Graphics.h"
 #include "Engine/input/Input.h"
-#include "Game/GameLogic/GoalsList.h"
 #include "Game/GameLogic/Upgrade.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/fences/Fence.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/DamagedRoad.h"
+#include "Game/GameLogic/roads/DraggedRoad.h"
 #include "Game/GameLogic/roads/Road.h"
 #include "Game/GameLogic/roads/RoadEnemy.h"
 #include "Game/GameLogic/roads/TransRoad.h"
@@ -291,6 +292,9 @@ void cTacticMap::clear() {
     setDragMode(false);
     unbindAll();
     m_shown_targets.clear();
+    m_targets_shown = false;
+    deleteDraggedRoad();
+    cUtils::deleteRoadPlans();
     for (cFriendMan* man : std::vector(m_men))
         man->destroyMe();
     m_men.clear();
@@ -364,6 +368,12 @@ void cTacticMap::deleteTemporaryObjects() {
             target->showTarget(false);
     }
     m_shown_targets.clear();
+    m_targets_shown = false;
+    deleteDraggedRoad();
+    cUtils::deleteRoadPlans();
+    const auto& sections = cStorage<cTransRoad>::getStorage();
+    while (!sections.empty())
+        sections.begin()->second->callOff();  // what was reserved for it goes back into the stores
     for (const sPointInfo& point : m_graph.getPoints()) {
         for (const auto& [neighbour, arc] : point.arcs) {
             if (arc.type == ARC_ROAD_IN_PROGRESS)
@@ -382,6 +392,8 @@ void cTacticMap::deleteTemporaryObjects() {
 // Ways out -----------------------------------------------------------------------------------------------------------
 
 void cTacticMap::stopInput() {
+    deleteDraggedRoad();
+    cUtils::deleteRoadPlans();
     disable();
     m_locked = true;
     unbindAll();

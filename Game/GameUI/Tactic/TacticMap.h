@@ -21,6 +21,7 @@ class cArrangementUnit;
 class cBarrier;
 class cBuilding;
 class cControlPanel;
+class cDraggedRoad;
 class cFriendMan;
 class cGoal;
 class cGoalsList;
@@ -28,7 +29,10 @@ class cLevelBackgroundObject;
 class cLevelObject;
 class cMan;
 class cRoad;
+class cRoadPlan;
+class cRoadPrice;
 class cStartPoint;
+class cUpgradableUnit;
 
 /// The numbers that a level counts while it is played; saved with it.
 enum eLevelStat : std::size_t {
@@ -204,7 +208,8 @@ public:
     void freeBusyMen(Long trans_id);  ///< cancels the goals of that transaction
     Bool isAnyGoalOfType(Int type) const;
     void clearGoalList();
-    void clearTasks();  ///< the player calls everything off
+    void clearTasks();                               ///< the player calls everything off
+    Bool callOffOrder(const cUpgradableUnit& unit);  ///< with all its goals; false if it has none
     Bool canBuyMan();
     void buyMan();
     cFriendMan* setUpInitMan(Int point);
@@ -243,7 +248,8 @@ public:
     void updateDamagedRoads();
     void updateControlPanel();
     void showControlPanel();
-    Bool isPanelAt(const Vector2& point) const;  ///< does the control panel hide that place of the screen?
+    void showLack(const sResourceCargo& need, Int men);  ///< the control panel tells what is missing of it
+    Bool isPanelAt(const Vector2& point) const;          ///< does the control panel hide that place of the screen?
     cControlPanel& getControlPanel() const { return *m_control_panel; }
     void onFenceBuilt();  ///< after any change of fences
     void targetDamaged(aTarget* target);
@@ -260,7 +266,15 @@ public:
     // The player's hand ----------------------------------------------------------------------------------------------
 
     void setDragMode(Bool drag);
+    void showSitesAnew() {}  ///< of what the pointer carries
     Bool isDragged() const { return m_drag_mode; }
+    /// The road from src_point to dst_point, or for -1 to the player's net; null where there is no way.
+    std::unique_ptr<cRoadPlan> getRoadPlan(Int src_point, Int dst_point);
+    cRoadPrice& getRoadPrice();
+    /// The road that the pointer pulls behind it; null if there is none, or it has not been moved yet.
+    cDraggedRoad* getRoadInDrag() const { return m_road_in_drag ? m_dragged_road : nullptr; }
+    void deleteDraggedRoad();
+    Bool areTargetsShown() const { return m_targets_shown; }
 
     // What tips ask
     std::array<Int, 5> getStock() const override { return m_global_cargo.amounts; }
@@ -276,6 +290,8 @@ private:
     void mouseDown();
     void mouseUp();
     void mouseMove();
+    void pressPoint(Int point);
+    void finishDraggedRoad();
     Bool cursorOutOfScreen() const;
 
     void createWaypoints();
@@ -363,5 +379,9 @@ private:
     Bool m_drag_mode = false;
     Float m_drag_mouse_x = 0.0f;
     Bool m_scroll_by_border = false;
+    cDraggedRoad* m_dragged_road = nullptr;  ///< owned by the view tree
+    Bool m_road_in_drag = false;             ///< it has been moved
+    cRoadPrice* m_road_price = nullptr;      ///< a child of the layer of objects; made when it is first shown
+    Bool m_targets_shown = false;
     std::vector<aTarget*> m_shown_targets;  ///< null where one was destroyed
 };

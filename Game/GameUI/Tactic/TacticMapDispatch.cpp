@@ -3,9 +3,10 @@
 
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Log.h"
-#include "Game/GameLogic/Goal.h"
-#include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/UpgradableUnit.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
+#include "Game/GameLogic/goals/Goal.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
@@ -182,6 +183,26 @@ Bool cTacticMap::isAnyGoalOfType(Int type) const {
 
 void cTacticMap::clearGoalList() {
     m_goals->deleteTransactions();
+}
+
+/// Any of its goals takes the others along.
+Bool cTacticMap::callOffOrder(const cUpgradableUnit& unit) {
+    ENGINE_MARK;
+    for (const auto& waiting : m_goals->getGoals()) {
+        if (!unit.isOrder(waiting->getTransactionId()))
+            continue;
+        const auto hold = waiting->shared_from_this();
+        hold->cancel();
+        return true;
+    }
+    for (const cFriendMan* man : m_busy_men) {
+        const auto hold = man->holdGlobalGoal();
+        if (!hold || !unit.isOrder(hold->getTransactionId()))
+            continue;
+        hold->cancel();
+        return true;
+    }
+    return false;
 }
 
 void cTacticMap::clearTasks() {

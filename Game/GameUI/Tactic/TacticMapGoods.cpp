@@ -4,8 +4,8 @@
 
 #include "Engine/Ui/Profile.h"
 #include "Engine/core/CallStack.h"
-#include "Game/GameLogic/Goal.h"
 #include "Game/GameLogic/buildings/Building.h"
+#include "Game/GameLogic/goals/Goal.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 

@@ -8,13 +8,13 @@
 #include "Engine/core/CallStack.h"
 #include "Engine/core/FileManager.h"
 #include "Engine/core/Keys.h"
-#include "Game/GameLogic/GoalsList.h"
 #include "Game/GameLogic/SavedValue.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/Bridge.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/fences/Fence.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/DamagedRoad.h"
 #include "Game/GameLogic/roads/RoadEnemy.h"
@@ -92,8 +92,7 @@ void cTacticMap::createArcObjects(Int a, Int b, const sArcInfo& arc) {
         auto* barrier = static_cast<cBarrier*>(cLevelObject::create(type, *this));
         barrier->setConnectionPoint(a, b);
         barrier->setLevel(arc.type == standing ? 1 : 0);
-        if (auto* priced = dynamic_cast<cPlayerBarrier*>(barrier))
-            priced->setPrice(arc.cargo);
+        barrier->setPrice(arc.cargo);
         barrier->setInitState();
     };
     switch (arc.type) {

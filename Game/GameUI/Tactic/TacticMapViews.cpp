@@ -1,11 +1,8 @@
-// What is seen of the level after something has changed, and what the player's hand does to it.
+// What is seen of the level after something has changed.
 #include <algorithm>
 
 #include "Engine/Ui/Storage.h"
 #include "Engine/core/CallStack.h"
-#include "Engine/core/Logic.h"
-#include "Engine/graphics/Graphics.h"
-#include "Engine/input/Input.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
@@ -13,6 +10,7 @@
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/DamagedRoad.h"
 #include "Game/GameLogic/roads/RoadEnemy.h"
+#include "Game/GameLogic/roads/RoadPrice.h"
 #include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
@@ -51,6 +49,8 @@ void cTacticMap::updateGlobalResources(Bool force) {
     m_control_panel->setGlobalResources(m_global_cargo, getNumberOfMen(), m_global_capacity);
     updateControlPanel();
     updateUpgradableUnits();
+    for (const auto& [number, way_point] : cStorage<cWayPoint>::getStorage())
+        way_point->updateRoadPlan();
 }
 
 void cTacticMap::updateControlPanel() {
@@ -68,6 +68,10 @@ void cTacticMap::updateControlPanel() {
 
 void cTacticMap::showControlPanel() {
     m_control_panel->show();
+}
+
+void cTacticMap::showLack(const sResourceCargo& need, Int men) {
+    m_control_panel->showLack(need, men);
 }
 
 Bool cTacticMap::isPanelAt(const Vector2& point) const {
@@ -110,6 +114,12 @@ void cTacticMap::updateBridgeRoads(Bool player, Bool enemy, Bool hide) {
         updateStorage<cEnemyBridgeRoad>(hide);
 }
 
+cRoadPrice& cTacticMap::getRoadPrice() {
+    if (!m_road_price)
+        m_road_price = new cRoadPrice(m_objects);
+    return *m_road_price;
+}
+
 void cTacticMap::updateWayPoints(Bool hide) {
     updateStorage<cWayPoint>(hide);
 }
@@ -135,86 +145,4 @@ void cTacticMap::targetDamaged(aTarget* target) {
         return;
     target->showTarget(false);
     *found = nullptr;
-}
-
-// The hand -----------------------------------------------------------------------------------------------------------
-
-void cTacticMap::bindAll() {
-    cInput* input = cInput::getInstance();
-    input->bind(Control::left_press, onMouseDown, this);
-    input->bind(Control::left_release, onMouseUp, this);
-    input->bind(Control::right_press, onRightClick, this);
-    input->bindMouse(onMouseMove, this);
-}
-
-void cTacticMap::unbindAll() {
-    cInput* input = cInput::getInstance();
-    if (!input)
-        return;
-    input->unbind(Control::left_press, onMouseDown, this);
-    input->unbind(Control::left_release, onMouseUp, this);
-    input->unbind(Control::right_press, onRightClick, this);
-    input->unbindMouse(onMouseMove, this);
-}
-
-void cTacticMap::onMouseDown(cView* view) {
-    static_cast<cTacticMap*>(view)->mouseDown();
-}
-
-void cTacticMap::onMouseUp(cView* view) {
-    static_cast<cTacticMap*>(view)->mouseUp();
-}
-
-void cTacticMap::onMouseMove(eControl, Long, cView* view) {
-    static_cast<cTacticMap*>(view)->mouseMove();
-}
-
-void cTacticMap::onRightClick(cView* view) {
-    static_cast<cTacticMap*>(view)->clearTasks();
-}
-
-Bool cTacticMap::cursorOutOfScreen() const {
-    const Vector2& cursor = cLogic::getInstance()->getCursorPos();
-    const cGraphics* graphics = cGraphics::getInstance();
-    return cursor.x < 0.0f || cursor.y < 0.0f || cursor.x > static_cast<Float>(graphics->getWidth()) ||
-           cursor.y > static_cast<Float>(graphics->getHeight());
-}
-
-void cTacticMap::setDragMode(Bool drag) {
-    m_drag_mode = drag;
-    cInput* input = cInput::getInstance();
-    if (!drag)
-        input->restoreCursor();
-    else if (m_size.x > static_cast<Float>(cGraphics::getInstance()->getWidth()))
-        input->setCursor(Platform::eCursor::dragSideways);
-}
-
-void cTacticMap::mouseDown() {
-    if (cursorOutOfScreen())
-        return;
-    const Vector2& cursor = cLogic::getInstance()->getCursorPos();
-    if (getPointByPosition(cursor) != -1)
-        return;
-    setDragMode(true);
-    m_drag_mouse_x = std::trunc(cursor.x);
-}
-
-void cTacticMap::mouseUp() {
-    if (!m_drag_mode)
-        return;
-    if (cursorOutOfScreen())
-        m_scroll_by_border = true;
-    setDragMode(false);
-}
-
-void cTacticMap::mouseMove() {
-    if (isRolling())
-        return;
-    if (m_scroll_by_border && !cursorOutOfScreen())
-        m_scroll_by_border = false;
-    if (!m_drag_mode)
-        return;
-    const Float x = std::trunc(cLogic::getInstance()->getCursorPos().x);
-    dragMap(x - m_drag_mouse_x);
-    m_drag_mouse_x = x;
 }

@@ -10,6 +10,7 @@
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/men/Man.h"
+#include "Game/GameLogic/roads/DamagedRoad.h"
 #include "Game/GameLogic/roads/RoadEnemy.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
@@ -78,6 +79,13 @@ void cUtils::oscillateShops() {
         if (building->getType() == objectShop)
             building->startOscillator();
     }
+}
+
+void cUtils::deleteRoadPlans() {
+    for (const auto& [number, way_point] : cStorage<cWayPoint>::getStorage())
+        way_point->deleteRoadPlan();
+    for (const auto& [number, track] : cStorage<cDamagedRoad>::getStorage())
+        track->deleteRoadPlan();
 }
 
 void cUtils::showLevelBridges(Bool show) {

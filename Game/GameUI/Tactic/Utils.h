@@ -21,6 +21,7 @@ public:
     static Bool isEnemyRoadArc(Int a, Int b);    ///< in either direction
     static void oscillateWarehouses();           ///< shows where goods are to go
     static void oscillateShops();
+    static void deleteRoadPlans();                   ///< those that are only proposed
     static void showLevelBridges(Bool show);         ///< of bridges and the start point
     static std::vector<cBridge*> getLevelBridges();  ///< by their numbers
     static std::vector<aTarget*> getLevelTargets(Bool for_enemy);

@@ -1,12 +1,18 @@
-#include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 
 #include <gtest/gtest.h>
 
 #include "Tests/Support/WalkingLevel.h"
 
+/// One of no level: that it is called off is only counted.
+struct cCountedGoal : cWalkGoal {
+    cCountedGoal() : cWalkGoal(0) {}
+    void cancel() override { ++cancelled; }
+};
+
 struct GoalsList : testing::Test {
-    std::shared_ptr<cWalkGoal> add(Long transaction) {
-        auto goal = std::make_shared<cWalkGoal>(0);
+    std::shared_ptr<cCountedGoal> add(Long transaction) {
+        auto goal = std::make_shared<cCountedGoal>();
         goal->setTransactionId(transaction);
         list.addGoal(goal);
         return goal;

@@ -387,14 +387,16 @@ TEST_F(GameMenu, helpTurnsItsPagesAndLeadsBack) {
 
 // What a new player begins with ------------------------------------------------------------------------------------
 
-TEST_F(Screens, aNewPlayerHasAFlagForEachLevelAndNoProducts) {
+TEST_F(Screens, aNewPlayerHasAFlagForEachLevelAndTheFirstProducts) {
     program.write("LevelMap.lvl", "<LevelMap><Level/><Level/><Level/></LevelMap>");
+    program.write("Game.xml", "<Game><StartProducts><P id=\"11\"/><P id=\"34\"/></StartProducts></Game>");
     start();
     auto& values = cProfile::getInts();
     values = {{"CurrentLevel", 5}, {"Product33", 2}};
     cGame::onInitProfile();
     EXPECT_EQ(values["CurrentLevel"], -1);
     EXPECT_EQ(values["Product33"], 0);
+    EXPECT_EQ(values["Product11"], 1);
     EXPECT_EQ(values.size(), 1u + 3 + 34);
     EXPECT_TRUE(values.contains("LevelFlag0") && values.contains("LevelFlag2"));
     values.clear();

@@ -29,6 +29,6 @@ void cMoveInsideMill::onEnd() {
     cMoveTask::onEnd();
     if (m_silent)
         return;
-    m_man->hide();
+    m_man->setInside(true);
     m_mill->manWantsToStartWorking();
 }

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "Game/GameLogic/GoalsList.h"
 #include "Game/GameLogic/WayPoint.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 #include "Tests/Support/WalkingLevel.h"
 
 namespace {

@@ -1,16 +1,38 @@
-#include "Game/GameLogic/Goal.h"
+#include "Game/GameLogic/goals/Goal.h"
 
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Log.h"
-#include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/UpgradableUnit.h"
+#include "Game/GameLogic/buildings/Building.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 #include "Game/GameLogic/men/Man.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
 
+cGoal::~cGoal() {
+    setUnit(nullptr);
+}
+
 cTacticMap& cGoal::getMap() {
     return *cTacticMap::getInstance();
+}
+
+cLevelObject* cGoal::getObjectAt(Int point) {
+    return getMap().hasPoint(point) ? getMap().getLevelObject(point) : nullptr;
+}
+
+cBuilding* cGoal::getBuildingAt(Int point) {
+    return dynamic_cast<cBuilding*>(getObjectAt(point));
+}
+
+void cGoal::setUnit(cUpgradableUnit* unit) {
+    if (m_unit)
+        m_unit->removeGoal(this);
+    m_unit = unit;
+    if (m_unit)
+        m_unit->addGoal(this);
 }
 
 Bool cGoal::assign(cMan* man) {
@@ -22,18 +44,33 @@ Bool cGoal::assign(cMan* man) {
 
 void cGoal::cancel() {
     ENGINE_MARK;
+    if (m_called_off)
+        return;
+    m_called_off = true;
     const auto hold = shared_from_this();
+    cGoalsList& goals = *getMap().getGoals();
+    goals.remove(this);
+    giveBack();
     logGoalInfo();
     cMan* man = m_man;
-    if (!man)
-        return;
-    if (cLog* log = tacticLog())
-        log->printf(u"cGoal::cancel(): man = %x", getLogId(man));
-    if (isSelfContained())
-        deleteTransaction();
-    man->setCargo({});
-    man->setGlobalGoal(nullptr);
-    man->arrange();
+    if (man || endsTransaction())
+        goals.deleteTransaction(m_transaction_id);
+    if (man) {
+        if (cLog* log = tacticLog())
+            log->printf(u"cGoal::cancel(): man = %x", getLogId(man));
+        man->setCargo({});
+        man->stopWork();
+        releaseMan();
+    }
+    if (endsTransaction())
+        getMap().freeBusyMen(m_transaction_id);
+    if (man)
+        getMap().updateView(false);
+}
+
+void cGoal::releaseMan() {
+    m_man->setGlobalGoal(nullptr);
+    m_man->arrange();
 }
 
 void cGoal::execute() {

@@ -4,6 +4,8 @@
 
 #include "Game/Types.h"
 
+class cBuilding;
+class cLevelObject;
 class cMan;
 class cTacticMap;
 class cUpgradableUnit;
@@ -32,15 +34,19 @@ enum eGoalType : Int {
 /// One job for one man: fetch one load, work at one place.
 ///
 /// It waits in the level's list until the dispatch gives it to a man (assign); from then on the man's arrivals drive
-/// it: execute() answers each with onSrc() or onDst(), and doFinalWork() does what the goal is for. cancel() undoes
-/// what was reserved for it. Goals with the same transaction belong together.
+/// it: execute() answers each with onSrc() or onDst(), and doFinalWork() does what the goal is for. Goals with the same
+/// transaction belong together.
+///
+/// cancel() calls it off, once: what was reserved for it goes back (giveBack), its man is free, and with it goes the
+/// rest of its transaction, which can't be finished without it. Goals that stand alone take along only those that still
+/// wait.
 ///
 /// The list and the man share a goal; it goes with the last of them. Whoever calls one that may end in that call holds
 /// it himself meanwhile.
 class cGoal : public std::enable_shared_from_this<cGoal> {
 public:
     explicit cGoal(Int type) : m_type(type) {}
-    virtual ~cGoal() = default;
+    virtual ~cGoal();
     cGoal(const cGoal&) = delete;
     cGoal& operator=(const cGoal&) = delete;
 
@@ -78,7 +84,9 @@ public:
     Bool goesToSrc() const { return m_goes_to_src; }
     void setGoesToSrc(Bool goes_to_src) { m_goes_to_src = goes_to_src; }
     cUpgradableUnit* getUnit() const { return m_unit; }
-    void setUnit(cUpgradableUnit* unit) { m_unit = unit; }
+    void setUnit(cUpgradableUnit* unit);  ///< which makes the goal forget it when it ends
+    void forgetUnit() { m_unit = nullptr; }
+    Bool isCalledOff() const { return m_called_off; }
     /// Calls off all goals of its transaction that still wait.
     void deleteTransaction();
     void logGoalInfo() const;
@@ -86,6 +94,15 @@ public:
 
 protected:
     static cTacticMap& getMap();
+    /// What stands on that point; null for nothing, and for no point.
+    static cLevelObject* getObjectAt(Int point);
+    static cBuilding* getBuildingAt(Int point);
+    /// What was reserved for it goes back where it came from. Its man, if any, still has the goal.
+    virtual void giveBack() {}
+    /// Do the men who have begun on its transaction stop too when it is called off?
+    virtual Bool endsTransaction() const { return !isSelfContained(); }
+    /// He has done his part: he is free, and takes a place where he is.
+    void releaseMan();
 
 private:
     static inline UInt s_last_number = 0;
@@ -97,7 +114,8 @@ private:
     Int m_src = -1;
     Int m_dst = -1;
     Int m_cargo_type = -1;
-    Bool m_cancelled = false;  ///< to be called off at the next arrival
+    Bool m_cancelled = false;   ///< to be called off at the next arrival
+    Bool m_called_off = false;  ///< it has been
     Long m_transaction_id = -1;
     Bool m_goes_to_src = false;
     Bool m_came_to_bay = false;         ///< the man stands at the loading bay of his source

@@ -1,4 +1,4 @@
-#include "Game/GameLogic/GoalsList.h"
+#include "Game/GameLogic/goals/GoalsList.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,7 +4,7 @@
 #include <memory>
 #include <set>
 
-#include "Game/GameLogic/Goal.h"
+#include "Game/GameLogic/goals/Goal.h"
 #include "Game/Types.h"
 
 /// The goals of a level that wait for men: first in, first out.
