@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Engine/Ui/LoadView.h"
-#include "Engine/Ui/Picture.h"
-#include "Engine/Ui/Scavenger.h"
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
+#include "Game/GameLogic/roads/Road.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
@@ -18,11 +16,7 @@ constexpr Float most_pieces = 200.0f;  ///< of one barrier
 
 }  // namespace
 
-cBarrier::cBarrier(cView* parent)
-    : cLevelObject(parent),
-      aTarget(static_cast<cLevelObject&>(*this)),
-      m_site(new cPicture(this)),
-      m_standing(new cPicture(this)) {
+cBarrier::cBarrier(cView* parent) : cLevelObject(parent), aTarget(static_cast<cLevelObject&>(*this)) {
     setAlpha(0.0f);  // the pieces are all that is seen of it
 }
 
@@ -31,13 +25,6 @@ void cBarrier::loadXML(const iXML* xml) {
     cLevelObject::loadXML(xml);
     loadTargetXML(xml);
     loadUpgrades(xml);
-}
-
-void cBarrier::loadPieces(const iXML* xml, const char* site_tag, const char* standing_tag) {
-    loadChild(*m_site, xml, site_tag);
-    loadChild(*m_standing, xml, standing_tag);
-    m_site->hide();
-    m_standing->hide();
 }
 
 void cBarrier::saveBinState(iArch& arch) {
@@ -53,18 +40,41 @@ void cBarrier::setConnectionPoint(Int p0, Int p1) {
     Vector2 middle;
     getPosition(middle, true);
     setPosition(middle);
-    m_view_built = false;
+    setViewBuilt(false);
 }
 
 Bool cBarrier::isPlayerConnected() const {
     return hasEnds() && (getMap().getPoint(getP0()).player_connected || getMap().getPoint(getP1()).player_connected);
 }
 
+// A target -----------------------------------------------------------------------------------------------------------
+
 void cBarrier::getPosition(Vector2& out, Bool local) const {
     out = (getMap().getPoint(getP0()).pos + getMap().getPoint(getP1()).pos) * 0.5f;
     if (local)
         out = getMap().toScreen(out);
 }
+
+void cBarrier::getTargetPosition(Vector2& out, const Vector2& center, Float radius, Bool local) const {
+    const Vector2& a = getMap().getPoint(getP0()).pos;
+    const Vector2& b = getMap().getPoint(getP1()).pos;
+    getSegmentTarget(center, radius, a, b, out);
+    if (local)
+        out = getMap().toScreen(out);
+}
+
+Bool cBarrier::inDamageArea(const Vector2& center, Float radius) const {
+    return getLevel() > 0 &&
+           isSegmentHit(center, radius, getMap().getPoint(getP0()).pos, getMap().getPoint(getP1()).pos);
+}
+
+void cBarrier::damage() {
+    ENGINE_MARK;
+    aTarget::damage();
+    degrade(1);
+}
+
+// Its level ----------------------------------------------------------------------------------------------------------
 
 void cBarrier::updateInfoTipPrice(sInfoTip& info) {
     info.cargo = getPrice().amounts;
@@ -75,7 +85,7 @@ void cBarrier::upgrade() {
     if (!countFinishedMan())
         return;
     setLevel(getLevel() + 1);
-    m_view_built = false;
+    setViewBuilt(false);
     finishUpgrade();
 }
 
@@ -83,42 +93,27 @@ Bool cBarrier::degrade(Int amount) {
     if (getUpgradeState() != idle || getLevel() < 1)
         return false;
     setLevel(std::max(getLevel() - amount, 0));
-    m_view_built = false;
+    setViewBuilt(false);
     return true;
 }
 
-void cBarrier::updateView(Bool hide) {
-    aTarget::updateView(hide);
-    if (!hasEnds() || hide)
-        return this->hide();
-    if (!m_view_built)
-        buildPieces();
-    show();
-    setStatePicture(getState());
+// Its pieces ---------------------------------------------------------------------------------------------------------
+
+Vector2 cBarrier::getEndPos(Int end) const {
+    return getMap().toScreen(getMap().getPoint(end).pos);
 }
 
-void cBarrier::buildPieces() {
-    for (cPicture* piece : m_pieces) {
-        piece->hide();
-        discard(static_cast<cView*>(piece), here());
-    }
-    m_pieces.clear();
-    m_view_built = true;
-    const cPicture& proto = getLevel() > 0 ? *m_standing : *m_site;
-    const Float width = proto.getSize().x;
-    const Vector2 from = getMap().toScreen(getMap().getPoint(getP0()).pos);
-    const Vector2 way = getMap().toScreen(getMap().getPoint(getP1()).pos) - from;
-    const Float length = glm::length(way);
+std::vector<Vector2> cBarrier::layPieces(Float width, Float first_gap, Float last_gap) const {
+    std::vector<Vector2> res;
+    const Vector2 way = getEndPos(getP1()) - getEndPos(getP0());
+    const Float whole = glm::length(way);
+    const Float length = whole - first_gap - last_gap;
     if (!(width > 0.0f) || !(length > 0.0f))
-        return;
+        return res;
+    const Vector2 direction = way / whole;
+    const Vector2 start = getEndPos(getP0()) + direction * first_gap;
     const auto count = static_cast<std::size_t>(std::clamp(std::round(length / width), 1.0f, most_pieces));
-    for (std::size_t i = 0; i < count; ++i) {
-        auto* piece = new cPicture(proto);
-        const Float part = (static_cast<Float>(i) + 0.5f) / static_cast<Float>(count);
-        const Vector2 place = from + way * part;
-        piece->setPosition(place);
-        piece->setDeep(proto.getDeep() + place.y);
-        piece->show();
-        m_pieces.push_back(piece);
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        res.push_back(start + direction * (length * (static_cast<Float>(i) + 0.5f) / static_cast<Float>(count)));
+    return res;
 }

@@ -1,19 +1,17 @@
 #pragma once
 
+#include <vector>
+
 #include "Game/CommonUI/InfoTip.h"
 #include "Game/GameLogic/ArcEnds.h"
 #include "Game/GameLogic/LevelObject.h"
 #include "Game/GameLogic/Target.h"
 #include "Game/GameLogic/UpgradableUnit.h"
 
-namespace Engine {
-class cPicture;
-}
-
 /// What stands, or may stand, on an arc between two points: a fence or a bridge road. At level 0 it is a site, at level
 /// 1 it stands.
 ///
-/// It is seen as pieces along the arc, those of a site or those of the standing thing, made from two templates.
+/// The control itself is not seen: derived classes lay pieces along the arc, anew whenever the view is not built.
 class cBarrier : public cLevelObject, public aTarget, public cUpgradableUnit, public iExtendedInfoTip, public cArcEnds {
 public:
     explicit cBarrier(Engine::cView* parent);
@@ -23,11 +21,13 @@ public:
     void saveBinState(Engine::iArch& arch) override;  ///< the two end points
     void loadBinState(Engine::iArch& arch) override;
     void setInitState() override { hide(); }
-    void updateView(Bool hide) override;
     Bool isPlayerConnected() const override;  ///< the player's net reaches one of its ends
 
     using cLevelObject::getPosition;
-    void getPosition(Vector2& out, Bool local) const override;  ///< the middle between its ends
+    void getTargetPosition(Vector2& out, const Vector2& center, Float radius, Bool local) const override;
+    void getPosition(Vector2& out, Bool local) const override;              ///< the middle between its ends
+    void damage() override;                                                 ///< it falls by a level
+    Bool inDamageArea(const Vector2& center, Float radius) const override;  ///< never of a site
     void updateInfoTipCargo(sInfoTip&) override {}
     void updateInfoTipPrice(sInfoTip& info) override;
     Int getUnderPoint() const override { return getP0(); }
@@ -37,19 +37,18 @@ public:
     Bool degrade(Int amount) override;
 
     void setConnectionPoint(Int p0, Int p1);
-    Bool isViewBuilt() const { return m_view_built; }
-    void setViewBuilt(Bool built) { m_view_built = built; }
+    virtual Bool isViewBuilt() const { return m_view_built; }
+    virtual void setViewBuilt(Bool built) { m_view_built = built; }  ///< the pieces are those of the present level
 
 protected:
-    /// The templates: one piece is as long as its picture is wide.
-    void loadPieces(const Engine::iXML* xml, const char* site_tag, const char* standing_tag);
+    /// The middles of the pieces that fill the line between its ends, on the screen; none without a line.
+    /// @param width      of a piece, units
+    /// @param first_gap  what is left free at p0, units
+    /// @param last_gap   what is left free at p1, units
+    std::vector<Vector2> layPieces(Float width, Float first_gap, Float last_gap) const;
+    Vector2 getEndPos(Int end) const;  ///< of a point, on the screen
 
 private:
-    void buildPieces();
-
-    Engine::cPicture* m_site;  ///< a child of this view, as all pieces are
-    Engine::cPicture* m_standing;
-    std::vector<Engine::cPicture*> m_pieces;
     sResourceCargo m_price;
-    Bool m_view_built = false;  ///< the pieces are those of the present level
+    Bool m_view_built = false;
 };

@@ -270,10 +270,10 @@ Int cUpgradableUnit::findClosestPoint(const cMan&, Int) const {
 
 // What is seen of it -------------------------------------------------------------------------------------------------
 
-void cUpgradableUnit::loadProgress(const iXML* xml, cView* owner) {
+void cUpgradableUnit::loadProgress(const iXML* xml, cView* owner, const char* tag_name) {
     ENGINE_MARK;
     iXML* tag = nullptr;
-    if (!xml->get("Progress", tag))
+    if (!xml->get(tag_name, tag))
         return;
     m_progress = new cProgressFloatExt(owner);
     m_progress->loadXML(tag);

@@ -102,8 +102,8 @@ protected:
     virtual std::unique_ptr<cUpgrade> makeUpgrade() const { return std::make_unique<cUpgrade>(); }
     /// The child tag "Upgrades": each of its children a row. Instead of what there was.
     void loadUpgrades(const Engine::iXML* xml);
-    /// The child tag "Progress" (cProgressFloatExt): a bar beside it while men work, a child of that view.
-    void loadProgress(const Engine::iXML* xml, Engine::cView* owner);
+    /// That child tag (cProgressFloatExt): a bar beside it while men work, a child of that view.
+    void loadProgress(const Engine::iXML* xml, Engine::cView* owner, const char* tag = "Progress");
     void loadLevelKeys(const Engine::iXML* xml);  ///< "Level", "MinLevel"
     const cUpgrade* getUpgradeRow() const;        ///< of the present level; null at the top and without a table
     Engine::cProgressFloat* getProgressBar() const { return m_progress; }  ///< null without one

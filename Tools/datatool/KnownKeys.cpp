@@ -152,7 +152,7 @@ constexpr sClass classes[] = {
      "Back:Picture EnemyGates:Picture Gates:Picture RoadPrice:PriceList"},
     {"Road", "AttackedObject", "alfa_param disabled_color", "TileTemplate:ProgressFloat Progress:ProgressFloat"},
     {"Barrier", "AttackedObject", "", "Upgrades:Upgrade* UpgradeTick:ProgressFloat"},
-    {"Fence", "Barrier", "default_building_time disabled_color",
+    {"Fence", "Barrier", "default_building_time disabled_color gate_gap",
      "TileFence:AnimButton TileFencePlace:AnimButton FenceTower:AnimButton"},
     {"BridgeRoad", "Barrier", "damaged_tile_length",
      "TileBridge:AnimButton TileBridgePlace:AnimButton LeftBridge:AnimButton RightBridge:AnimButton "

@@ -5,6 +5,7 @@
 #include "Engine/core/Timer.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/goals/GoalsList.h"
+#include "Game/GameLogic/men/tasks/ManBuildFence.h"
 #include "Game/GameLogic/men/tasks/ManBuildRoadTask.h"
 #include "Game/GameLogic/roads/TransRoad.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
@@ -120,7 +121,8 @@ void cFriendMan::buildRoad(cTransRoad* road) {
 
 void cFriendMan::buildFence(cFence* fence) {
     ENGINE_MARK;
-    upgrade(fence);
+    setWorkVisualState("upgrade");
+    setTask(std::make_unique<cManBuildFence>(this, fence));
 }
 
 void cFriendMan::startPushOff(Float time) {

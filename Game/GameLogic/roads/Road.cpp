@@ -81,20 +81,13 @@ void cRoad::getPosition(Vector2& out, Bool local) const {
 void cRoad::getTargetPosition(Vector2& out, const Vector2& center, Float radius, Bool local) const {
     const Vector2 a = getRoadPointPos(getP0());
     const Vector2 b = getRoadPointPos(getP1());
-    const Vector2 middle = (a + b) * 0.5f;
-    out = middle;
-    const Bool both_in = glm::distance(a, center) <= radius && glm::distance(b, center) <= radius;
-    if (!both_in && glm::distance(middle, center) > radius)
-        segmentCircle(center, radius, a, b, out);
+    getSegmentTarget(center, radius, a, b, out);
     if (local)
         out = getMap().toScreen(out);
 }
 
 Bool cRoad::inDamageArea(const Vector2& center, Float radius) const {
-    const Vector2 a = getRoadPointPos(getP0());
-    const Vector2 b = getRoadPointPos(getP1());
-    Vector2 meeting;
-    return segmentCircle(center, radius, a, b, meeting) || glm::distance((a + b) * 0.5f, center) <= radius;
+    return isSegmentHit(center, radius, getRoadPointPos(getP0()), getRoadPointPos(getP1()));
 }
 
 void cRoad::damage() {
@@ -198,4 +191,16 @@ Bool segmentCircle(const Vector2& center, Float radius, const Vector2& a, const 
     else
         out = a + direction * (counts(far_end) ? far_end : near_end);
     return true;
+}
+
+void getSegmentTarget(const Vector2& center, Float radius, const Vector2& a, const Vector2& b, Vector2& out) {
+    out = (a + b) * 0.5f;
+    const Bool both_in = glm::distance(a, center) <= radius && glm::distance(b, center) <= radius;
+    if (!both_in && glm::distance(out, center) > radius)
+        segmentCircle(center, radius, a, b, out);
+}
+
+Bool isSegmentHit(const Vector2& center, Float radius, const Vector2& a, const Vector2& b) {
+    Vector2 meeting;
+    return segmentCircle(center, radius, a, b, meeting) || glm::distance((a + b) * 0.5f, center) <= radius;
 }

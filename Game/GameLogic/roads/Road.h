@@ -60,3 +60,9 @@ private:
 /// Where a circle meets the stretch from a to b: the middle of the chord, or the one crossing that lies on the stretch.
 /// False, and out untouched, where none does.
 Bool segmentCircle(const Vector2& center, Float radius, const Vector2& a, const Vector2& b, Vector2& out);
+
+/// Where a catapult of that range aims at a stretch: its middle, or where its range meets the stretch if the middle is
+/// out of range.
+void getSegmentTarget(const Vector2& center, Float radius, const Vector2& a, const Vector2& b, Vector2& out);
+/// Does a hit of that radius touch the stretch?
+Bool isSegmentHit(const Vector2& center, Float radius, const Vector2& a, const Vector2& b);

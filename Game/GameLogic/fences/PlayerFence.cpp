@@ -1,0 +1,215 @@
+// The fences that the player orders.
+#include "Engine/Ui/ProgressFloat.h"
+#include "Engine/core/CallStack.h"
+#include "Engine/graphics/Graphics.h"
+#include "Game/CommonUI/NewControlEffect.h"
+#include "Game/GameLogic/WayPoint.h"
+#include "Game/GameLogic/buildings/Building.h"
+#include "Game/GameLogic/fences/Fence.h"
+#include "Game/GameLogic/fences/FencePlan.h"
+#include "Game/GameLogic/goals/BuildRoadGoal.h"
+#include "Game/GameLogic/goals/DeliveryGoal.h"
+#include "Game/GameLogic/goals/GoalsList.h"
+#include "Game/GameLogic/men/Man.h"
+#include "Game/GameLogic/roads/DraggedRoad.h"
+#include "Game/GameLogic/roads/RoadPlan.h"
+#include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/GameUI/Tactic/Utils.h"
+#include "Game/Ui/GameStrings.h"
+
+using namespace Engine;
+
+namespace {
+
+Bool isOnScreen(const Vector2& position) {
+    const cGraphics* graphics = cGraphics::getInstance();
+    return position.x >= 0.0f && position.y >= 0.0f && position.x < static_cast<Float>(graphics->getWidth()) &&
+           position.y < static_cast<Float>(graphics->getHeight());
+}
+
+}  // namespace
+
+cPlayerFence::cPlayerFence(cView* parent) : cFence(parent) {
+}
+
+cPlayerFence::~cPlayerFence() = default;
+
+void cPlayerFence::loadXML(const iXML* xml) {
+    ENGINE_MARK;
+    cFence::loadXML(xml);
+    loadProgress(xml, this, "UpgradeTick");
+    if (const cProgressFloat* bar = getProgressBar())
+        m_progress_offset = bar->getPosition() - cControl::getPosition();
+}
+
+// Its run ------------------------------------------------------------------------------------------------------------
+
+cFencePlan& cPlayerFence::getPlan() {
+    if (!m_fence_plan)
+        m_fence_plan = std::make_unique<cFencePlan>(*this);
+    return *m_fence_plan;
+}
+
+void cPlayerFence::setViewBuilt(Bool built) {
+    cFence::setViewBuilt(built);
+    if (!built)
+        m_fence_plan.reset();
+}
+
+void cPlayerFence::invalidateFences() {
+    cUtils::makeOurFencesInvalid();
+}
+
+Bool cPlayerFence::isPlayerConnected() const {
+    return m_fence_plan && getLevel() == 0 ? m_fence_plan->isPlayerConnected() : cFence::isPlayerConnected();
+}
+
+Bool cPlayerFence::looksDisabled() const {
+    return getUpgradeState() == idle && !(isActive() && isPlayerConnected());
+}
+
+// Its order ----------------------------------------------------------------------------------------------------------
+
+Bool cPlayerFence::canBuildFence() {
+    return getUpgradeState() == idle && isUpgradeAllowed() && isPlayerConnected();
+}
+
+Bool cPlayerFence::createUpgradeGoals() {
+    ENGINE_MARK;
+    std::vector<cBuilding*> providers;
+    getMap().getSortedResourceProviders(providers, getUnderPoint());
+    if (providers.empty())
+        return false;
+    const Long transaction = beginOrder();
+    flyPrice(getEndPos(getP0()), {1.0f, 0.0f});
+    const Bool must_wait = createDeliveryGoals(
+        providers, "cPlayerFence::createUpgradeGoals(): there are not enough resources on the level to build fence");
+    if (must_wait)
+        setUpgradeState(waitingForResources);
+    else
+        startUpgrade();
+    cUpgradableUnit::createUpgradeGoals();
+    for (Int i = 0; i < getNeededMen(goalUpgrade); ++i) {
+        auto goal = std::make_shared<cBuildFenceGoal>(getP0(), this);
+        goal->setTransactionId(transaction);
+        getMap().getGoals()->addGoal(std::move(goal));
+    }
+    showProgress(0.0f, getUpgradeTime());
+    return true;
+}
+
+std::shared_ptr<cDeliveryGoal> cPlayerFence::getNewDeliveryGoal() {
+    return std::make_shared<cDeliveryRoadGoal>(-1, getP0(), -1, this, goalDeliveryFence);
+}
+
+void cPlayerFence::addMan(cMan* man) {
+    cFence::addMan(man);
+    if (cProgressFloat* bar = getProgressBar())
+        bar->setPosition(getEndPos(man->getPoint()) + m_progress_offset);
+}
+
+void cPlayerFence::upgrade() {
+    ENGINE_MARK;
+    if (!countFinishedMan())
+        return;
+    cFencePlan(*this).build();
+    getMap().onFenceBuilt();
+}
+
+void cPlayerFence::finishUpgrade() {
+    ENGINE_MARK;
+    if (getLevel() == 0)
+        cFencePlan(*this).callOff();
+    cFence::finishUpgrade();
+}
+
+// The player's hand --------------------------------------------------------------------------------------------------
+
+void cPlayerFence::updateView(Bool hide) {
+    cFence::updateView(hide);
+    if (hide || !hasEnds())
+        return;
+    const Bool possible =
+        getLevel() == 0 && getUpgradeState() == idle && isUpgradeAllowed() && getPlan().isPlayerConnected();
+    if (possible && !isActive() && !getMap().isLocked() && isOnScreen(cControl::getPosition()))
+        cNewControlEffect::play(this, *this, "Effects/UpAvailEffect.xml");
+    setActive(possible);
+    setStatePicture(getState());
+}
+
+cWayPoint* cPlayerFence::getWayPoint() const {
+    return hasEnds() ? getMap().getPoint(getP0()).way_point : nullptr;
+}
+
+/// One that nobody can get at offers the road there.
+void cPlayerFence::hovered() {
+    ENGINE_MARK;
+    cFence::hovered();
+    getPlan().hovered(static_cast<Int>(eButtonState::hovered));
+    cWayPoint* way_point = getWayPoint();
+    if (!way_point || getMap().areTargetsShown())
+        return;
+    Int from = -1;
+    if (cDraggedRoad* dragged = getMap().getRoadInDrag()) {
+        dragged->hide();
+        from = dragged->getP0();
+    } else if (isPlayerConnected()) {
+        return;
+    }
+    way_point->proposeRoadPlan(from);
+    way_point->hideRoadPrice();
+}
+
+void cPlayerFence::unhovered() {
+    ENGINE_MARK;
+    cFence::unhovered();
+    getPlan().hovered(static_cast<Int>(eButtonState::normal));
+    if (cWayPoint* way_point = getWayPoint())
+        way_point->deleteRoadPlan();
+}
+
+void cPlayerFence::clicked() {
+    ENGINE_MARK;
+    cFence::clicked();
+    if (getLevel() > 0) {
+        cWayPoint* way_point = getWayPoint();
+        if (way_point && !getMap().getPoint(getP0()).player_connected)
+            way_point->processRoadPlan();
+        return;
+    }
+    getPlan();
+    if (canBuildFence()) {
+        cFencePlan plan(*this);
+        if (plan.createBuildGoals())
+            return plan.updateView();
+    }
+    if (!isUpgradeAllowed() && !isAtTop())
+        getMap().showLack(getPrice(), getNeededMen(goalUpgrade));
+}
+
+// Its tip ------------------------------------------------------------------------------------------------------------
+
+void cPlayerFence::updateInfoTipCargo(sInfoTip& info) {
+    if (!isShown() || !isEnabled())
+        return;
+    if (getUpgradeState() != idle) {
+        info.text = getGameString(getLevel() == 0 ? "in_progress_of_building" : "in_progress_of_improvement");
+        return;
+    }
+    if (getLevel() > 0)
+        return;
+    info.text = getGameString("build");
+    info.cargo = (m_fence_plan ? m_fence_plan->getPrice() : getPrice()).amounts;
+    info.men = getNeededMen(goalUpgrade);
+    info.compare_global = true;
+}
+
+void cPlayerFence::updateInfoTipPrice(sInfoTip& info) {
+    const cWayPoint* way_point = getWayPoint();
+    const cRoadPlan* plan = way_point ? way_point->getRoadPlan() : nullptr;
+    if (getLevel() == 0 || isPlayerConnected() || !plan || !isShown() || !isEnabled())
+        return;
+    info.text = getGameString("road");
+    info.cargo = plan->getPrice().amounts;
+    info.compare_global = true;
+}
