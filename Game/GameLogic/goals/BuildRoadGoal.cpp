@@ -28,7 +28,7 @@ Bool cBuildRoadGoal::assign(cMan* man) {
     ENGINE_MARK;
     if (cLog* log = tacticLog())
         log->printf(u"cBuildRoadGoal::assign()");
-    cGoal::assign(man);
+    logAssign(man);
     const auto measure = [man](Int point) {
         PATH_HOLDER path;
         const Bool found = getMap().getBestPathByRoads(man, man->getPoint(), point, path, true, false, false);
@@ -79,7 +79,7 @@ Bool cBuildRunGoal::assign(cMan* man) {
     ENGINE_MARK;
     if (cLog* log = tacticLog())
         log->printf(getAssignText());
-    cGoal::assign(man);
+    logAssign(man);
     const Int dst = getUnit() ? getUnit()->findClosestPoint(*man, man->getPoint()) : -1;
     if (dst == -1 || !man->walkTo(dst, goesToSrc())) {
         cancel();

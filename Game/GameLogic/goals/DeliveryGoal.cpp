@@ -14,7 +14,7 @@ Bool cDeliveryGoal::assign(cMan* man) {
     ENGINE_MARK;
     if (cLog* log = tacticLog())
         log->printf(u"cDeliveryGoal::assign()");
-    cGoal::assign(man);
+    logAssign(man);
     PATH_HOLDER path;
     cTacticMap& map = getMap();
     const Bool there = map.getBestPathByRoads(man, man->getPoint(), getSrc(), path, true, true, false);

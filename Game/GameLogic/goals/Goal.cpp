@@ -36,10 +36,14 @@ void cGoal::setUnit(cUpgradableUnit* unit) {
 }
 
 Bool cGoal::assign(cMan* man) {
+    logAssign(man);
+    return false;
+}
+
+void cGoal::logAssign(const cMan* man) const {
     if (cLog* log = tacticLog())
         log->printf(u"cGoal::assign(): try to assign goal %x to man %x.", getLogId(this), getLogId(man));
     logGoalInfo();
-    return false;
 }
 
 void cGoal::cancel() {

@@ -94,6 +94,7 @@ public:
 
 protected:
     static cTacticMap& getMap();
+    void logAssign(const cMan* man) const;
     /// What stands on that point; null for nothing, and for no point.
     static cLevelObject* getObjectAt(Int point);
     static cBuilding* getBuildingAt(Int point);

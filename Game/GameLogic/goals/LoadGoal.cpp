@@ -19,7 +19,7 @@ Bool cLoadGoal::assign(cMan* man) {
     ENGINE_MARK;
     if (cLog* log = tacticLog())
         log->printf(u"cLoadGoal::assign()");
-    cGoal::assign(man);
+    logAssign(man);
     if (!man->walkTo(getSrc(), goesToSrc())) {
         cancel();
         return false;

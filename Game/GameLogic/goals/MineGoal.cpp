@@ -11,7 +11,7 @@ using namespace Engine;
 
 Bool cMineGoal::assign(cMan* man) {
     ENGINE_MARK;
-    cGoal::assign(man);
+    logAssign(man);
     if (!man->walkTo(getDst(), goesToSrc()))
         return false;
     setMan(man);

@@ -7,7 +7,7 @@
 
 Bool cUpgradeGoal::assign(cMan* man) {
     ENGINE_MARK;
-    cGoal::assign(man);
+    logAssign(man);
     if (!man->walkTo(getDst(), goesToSrc()))
         return false;
     setMan(man);

@@ -131,7 +131,7 @@ void cTransRoad::callOff() {
 
 void cTransRoad::destroyMe() {
     ENGINE_MARK;
-    aTarget::destroyMe();
+    setBullet(nullptr);
     m_next = nullptr;
     m_prev = nullptr;
     forgetGoals();

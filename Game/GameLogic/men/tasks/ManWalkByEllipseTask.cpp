@@ -59,7 +59,6 @@ void cManWalkByEllipseTask::onEnd() {
 
 void cManReturnTask::onEnd() {
     ENGINE_MARK;
-    cTask::onEnd();
     m_man->arrange();
 }
 
