@@ -40,6 +40,15 @@ Bool cGoal::assign(cMan* man) {
     return false;
 }
 
+Bool cGoal::sendToDst(cMan* man) {
+    ENGINE_MARK;
+    logAssign(man);
+    if (!man->walkTo(m_dst, m_goes_to_src))
+        return false;
+    m_man = man;
+    return true;
+}
+
 void cGoal::logAssign(const cMan* man) const {
     if (cLog* log = tacticLog())
         log->printf(u"cGoal::assign(): try to assign goal %x to man %x.", getLogId(this), getLogId(man));

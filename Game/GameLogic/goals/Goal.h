@@ -95,6 +95,7 @@ public:
 protected:
     static cTacticMap& getMap();
     void logAssign(const cMan* man) const;
+    Bool sendToDst(cMan* man);  ///< he has the goal, and goes; false if there is no way
     /// What stands on that point; null for nothing, and for no point.
     static cLevelObject* getObjectAt(Int point);
     static cBuilding* getBuildingAt(Int point);

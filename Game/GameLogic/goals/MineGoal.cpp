@@ -10,12 +10,7 @@
 using namespace Engine;
 
 Bool cMineGoal::assign(cMan* man) {
-    ENGINE_MARK;
-    logAssign(man);
-    if (!man->walkTo(getDst(), goesToSrc()))
-        return false;
-    setMan(man);
-    return true;
+    return sendToDst(man);
 }
 
 Bool cMineGoal::filter(Long) {

@@ -6,12 +6,7 @@
 #include "Game/GameLogic/men/FriendMan.h"
 
 Bool cUpgradeGoal::assign(cMan* man) {
-    ENGINE_MARK;
-    logAssign(man);
-    if (!man->walkTo(getDst(), goesToSrc()))
-        return false;
-    setMan(man);
-    return true;
+    return sendToDst(man);
 }
 
 cUpgradableUnit* cUpgradeGoal::findUnit() const {
