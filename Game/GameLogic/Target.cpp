@@ -39,6 +39,7 @@ Bool aTarget::inDamageArea(const Vector2& center, Float radius) const {
 
 void aTarget::destroyMe() {
     m_bullet = nullptr;
+    cTacticMap::getInstance()->targetDamaged(this);
 }
 
 void aTarget::updateView(Bool hide) {

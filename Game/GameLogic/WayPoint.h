@@ -13,7 +13,9 @@ class cPicture;
 }
 class cCatapult;
 class cIdol;
+class cPlacedBuilding;
 class cRoadPlan;
+class cSimpleEffect;
 struct sResourceCargo;
 
 /// The node that the player sees at a point of the graph without a building.
@@ -44,6 +46,8 @@ public:
     using cLevelObject::getPosition;
     void getPosition(Vector2& out, Bool local) const override;
     Bool inDamageArea(const Vector2&, Float) const override { return false; }
+    /// Hits what stands here, and fences and roads that end here.
+    void damage() override;
 
     void getEllipsePosition(Vector2& out, Float angle) const override;
     Float getRadius() const override { return m_arrangement_radius; }
@@ -65,12 +69,25 @@ public:
     void setCanHaveIdol(Bool can) { m_can_have_idol = can; }
     Bool canHaveCatapult() const { return m_can_have_catapult; }
     void setCanHaveCatapult(Bool can) { m_can_have_catapult = can; }
+
+    // An idol or a catapult, built or proposed. Each may be proposed where the other stands idle, and takes its place
+    // when it is ordered.
+
     cIdol* getIdol() const { return m_idol; }
     void setIdol(cIdol* idol);
+    void proposeIdol();            ///< if one may stand here now
+    Bool hasProposedIdol() const;  ///< an idol of level 0, be it ordered
+    void startIdolBuilding();
+    /// False if there is none, or it stays: one with an order does, and one that stands unless any_level; nothing stays
+    /// if forced.
+    /// @param any_level  it falls as what stands does, else it goes as a proposal
+    Bool deleteIdol(Bool any_level, Bool force);
     cCatapult* getCatapult() const { return m_catapult; }
     void setCatapult(cCatapult* catapult) { m_catapult = catapult; }
-    Bool hasProposedIdol() const;  ///< an idol of level 0
+    void proposeCatapult();
     Bool hasProposedCatapult() const;
+    void startCatapultBuilding();
+    Bool deleteCatapult(Bool any_level, Bool force);
 
     virtual Bool isRoadInWork() const { return m_road_in_work; }
     virtual void setRoadInWork(Bool in_work) { m_road_in_work = in_work; }
@@ -104,6 +121,9 @@ public:
     // Gates: at kind 2 one stands here and opens for who passes.
     void openGates();
     void closeGates();  ///< leaves a running cycle alone: it shuts by itself
+    /// Its gate begins to rise with a fence, to full height within those seconds.
+    void setGroundLevel(Float time);
+    void growingUp(Float dt);  ///< told by each piece of the fence
     Bool hasGates() const { return m_gate_kind == gate_stands; }
     Int getGateKind() const { return m_gate_kind; }
     Float getDistanceToGates() const { return m_distance_to_gates; }  ///< units
@@ -118,8 +138,13 @@ private:
     void updateBridgesInfo();
     void updateInitialVisualState();
     void showGatePicture(Float angle);
+    void showGateDust(Bool show);
     void moveGates();
     void setGateTime(Float time);
+    Bool canPropose(Bool allowed, const cPlacedBuilding* same, const cPlacedBuilding* other) const;
+    cPlacedBuilding* propose(Int type);
+    void startBuilding(cPlacedBuilding& building);
+    void letGo(cPlacedBuilding& building, Bool any_level);
     Bool isNodeSeen() const;
     Bool isPlanOutdated() const;
     void followPointer(Bool follow);
@@ -143,6 +168,10 @@ private:
     Int m_gate_state = gateShut;
     Float m_gate_timer = 0.0f;  ///< seconds left in the state
     Float m_distance_to_gates = 10.0f;
+    Vector2 m_gate_size{40.0f, 20.0f};        ///< at full height, units
+    Float m_gate_rise = 0.0f;                 ///< its height while it rises with a fence, units
+    Float m_gate_rise_speed = 0.0f;           ///< units a second
+    cSimpleEffect* m_build_effect = nullptr;  ///< dust at a gate that rises; a child of this view
     Bool m_road_in_work = false;
     Bool m_fence_in_work = false;
     std::unique_ptr<cRoadPlan> m_road_plan;

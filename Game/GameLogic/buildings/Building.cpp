@@ -77,6 +77,15 @@ void cBuilding::getEllipsePosition(Vector2& out, Float angle) const {
     out = getMap().toScreen(m_center) + Vector2(m_ellipse_a * std::cos(angle), m_ellipse_b * std::sin(angle));
 }
 
+void cBuilding::standOn(Int point) {
+    m_points = {point};
+    const sPointInfo& info = getMap().getPoint(point);
+    if (info.way_point)
+        place(getMap().toMap(info.way_point->cControl::getPosition()));
+    else
+        place(info.pos);
+}
+
 Bool cBuilding::initUnderWayPoint(Int index) {
     cTacticMap& map = getMap();
     map.setBuilding(index, this);
@@ -195,9 +204,13 @@ void cBuilding::destroyMe() {
     aTarget::destroyMe();
     notifyDestroyed(0);
     clearWorkingMen();
+    clearUnderPoints();
+    remove();
+}
+
+void cBuilding::remove() {
     hide();
     disable();
-    clearUnderPoints();
     std::erase(getList(), this);
     discard(static_cast<cView*>(this), here());
 }

@@ -85,6 +85,10 @@ public:
     Float getEccentricity() const { return m_eccentricity; }
     Float getFocusGap() const { return m_focus_gap; }
 
+protected:
+    void standOn(Int point);  ///< stands there alone, without being the point's building
+    void remove();            ///< ends it, with nothing said to anyone
+
 private:
     static BUILDINGS& getList();
     void place(const Vector2& center);

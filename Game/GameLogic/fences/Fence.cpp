@@ -127,9 +127,17 @@ void cFence::setGroundLevel(Float time) {
     ENGINE_MARK;
     if (m_growing)
         return;
+    if (time <= 0.0f)
+        time = m_default_building_time;
     m_height = 0.0f;
-    m_growth_speed = getFullHeight() / (time > 0.0f ? time : m_default_building_time);
+    m_growth_speed = getFullHeight() / time;
     build();
+    for (const Int end : {getP0(), getP1()}) {
+        if (cWayPoint* way_point = getMap().getPoint(end).way_point) {
+            way_point->setGroundLevel(time);
+            way_point->setFenceInWork(true);
+        }
+    }
     showDustEffect(true);
     m_growing = true;
 }
@@ -137,6 +145,10 @@ void cFence::setGroundLevel(Float time) {
 void cFence::growingUp(Float dt) {
     m_height = std::min(m_height + dt * m_growth_speed, getFullHeight());
     updateTiles();
+    for (const Int end : {getP0(), getP1()}) {
+        if (cWayPoint* way_point = getMap().getPoint(end).way_point)
+            way_point->growingUp(dt);
+    }
 }
 
 void cFence::showDustEffect(Bool show) {

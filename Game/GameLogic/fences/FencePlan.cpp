@@ -19,6 +19,14 @@ cTacticMap& getMap() {
     return *cTacticMap::getInstance();
 }
 
+/// A fence leaves no room for an idol or a catapult at its ends.
+void clearSites(Int point) {
+    if (cWayPoint* way_point = getMap().getPoint(point).way_point) {
+        way_point->deleteIdol(true, true);
+        way_point->deleteCatapult(true, true);
+    }
+}
+
 }  // namespace
 
 cFencePlan::cFencePlan(cFence& src_fence) : m_price(src_fence.getPrice()) {
@@ -88,6 +96,8 @@ void cFencePlan::build() {
     for (const auto& [key, fence] : m_fences) {
         getMap().setArcType(fence->getP0(), fence->getP1(), ARC_PLAYER_FENCE);
         fence->setLevel(fence->getLevel() + 1);
+        clearSites(fence->getP0());
+        clearSites(fence->getP1());
     }
     for (const auto& [key, fence] : m_fences)
         fence->endWork();

@@ -47,6 +47,8 @@ cControlPanel::cControlPanel(cView* parent)
     m_main_menu_button->setOnClick(onMainMenu);
     m_go_back_button->setOnClick(onGoBack);
     m_man_button->setOnClick(onBuyManClick);
+    m_idol_button->setOnClick(onIdolClick);
+    m_catapult_button->setOnClick(onCatapultClick);
     hide();
     enable();
 }
@@ -174,4 +176,14 @@ void cControlPanel::onGoBack(cView*) {
 
 void cControlPanel::onBuyManClick(cView*) {
     cTacticMap::getInstance()->buyMan();
+}
+
+void cControlPanel::onIdolClick(cView* view) {
+    if (static_cast<cTutuorialIdolButton*>(view)->canBeBought())
+        cTacticMap::getInstance()->showIdols(true);
+}
+
+void cControlPanel::onCatapultClick(cView* view) {
+    if (static_cast<cTutuorialCatapultButton*>(view)->canBeBought())
+        cTacticMap::getInstance()->showCatapults(true);
 }

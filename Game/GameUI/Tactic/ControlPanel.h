@@ -70,6 +70,8 @@ private:
     static void onMainMenu(Engine::cView* view);
     static void onGoBack(Engine::cView* view);
     static void onBuyManClick(Engine::cView* view);
+    static void onIdolClick(Engine::cView* view);
+    static void onCatapultClick(Engine::cView* view);
 
     Bool isAffordable(const sResourceCargo& cost) const;
     void updateButton(cPanelBuyButton& button, Bool is_there, Bool can_be_bought);

@@ -293,6 +293,8 @@ void cTacticMap::clear() {
     unbindAll();
     m_shown_targets.clear();
     m_targets_shown = false;
+    m_catapult_of_targets = nullptr;
+    dropFromHand();
     deleteDraggedRoad();
     cUtils::deleteRoadPlans();
     for (cFriendMan* man : std::vector(m_men))
@@ -361,13 +363,8 @@ void cTacticMap::deleteEnemies() {
 
 void cTacticMap::deleteTemporaryObjects() {
     ENGINE_MARK;
-    m_idol_icon->hide();
-    m_catapult_icon->hide();
-    for (aTarget* target : m_shown_targets) {
-        if (target)
-            target->showTarget(false);
-    }
-    m_shown_targets.clear();
+    dropFromHand();
+    hideTargets();
     m_targets_shown = false;
     deleteDraggedRoad();
     cUtils::deleteRoadPlans();
@@ -379,6 +376,12 @@ void cTacticMap::deleteTemporaryObjects() {
             if (arc.type == ARC_ROAD_IN_PROGRESS)
                 setArcType(point.index, neighbour, ARC_GROUND);
         }
+    }
+    for (const auto& [number, way_point] : cStorage<cWayPoint>::getStorage()) {
+        if (way_point->hasProposedIdol())
+            way_point->deleteIdol(false, true);
+        if (way_point->hasProposedCatapult())
+            way_point->deleteCatapult(false, true);
     }
     deleteEnemies();
     std::erase_if(m_background, [this](cLevelBackgroundObject* object) {

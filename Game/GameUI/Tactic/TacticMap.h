@@ -20,6 +20,7 @@ class aTarget;
 class cArrangementUnit;
 class cBarrier;
 class cBuilding;
+class cCatapult;
 class cControlPanel;
 class cDraggedRoad;
 class cFriendMan;
@@ -266,7 +267,12 @@ public:
     // The player's hand ----------------------------------------------------------------------------------------------
 
     void setDragMode(Bool drag);
-    void showSitesAnew() {}  ///< of what the pointer carries
+    /// The pointer carries an idol, or a catapult, and every place for one proposes it; or no longer.
+    void showIdols(Bool show);
+    void showCatapults(Bool show);
+    void showSitesAnew();  ///< the places for what the pointer carries may have changed
+    Bool isIdolInHand() const { return m_idol_in_hand; }
+    Bool isCatapultInHand() const { return m_catapult_in_hand; }
     Bool isDragged() const { return m_drag_mode; }
     /// The road from src_point to dst_point, or for -1 to the player's net; null where there is no way.
     std::unique_ptr<cRoadPlan> getRoadPlan(Int src_point, Int dst_point);
@@ -274,7 +280,16 @@ public:
     /// The road that the pointer pulls behind it; null if there is none, or it has not been moved yet.
     cDraggedRoad* getRoadInDrag() const { return m_road_in_drag ? m_dragged_road : nullptr; }
     void deleteDraggedRoad();
+
+    /// What a catapult reaches of one side shows its button.
+    void showTargets(cCatapult* catapult, Bool for_enemy);
+    void hideTargets();
+    void targetClicked(aTarget* target);
+    /// The player chooses one of the targets on show.
     Bool areTargetsShown() const { return m_targets_shown; }
+    void setTargetsShown(Bool shown) { m_targets_shown = shown; }
+    cCatapult* getCatapultOfTargets() const { return m_catapult_of_targets; }  ///< whose targets were shown last
+    void catapultEnded(const cCatapult& catapult);
 
     // What tips ask
     std::array<Int, 5> getStock() const override { return m_global_cargo.amounts; }
@@ -290,7 +305,18 @@ private:
     void mouseDown();
     void mouseUp();
     void mouseMove();
+    void press(const Vector2& cursor);
     void pressPoint(Int point);
+    Bool pressSite(cWayPoint& way_point);
+    void pressTarget(const Vector2& cursor);
+    void dropFromHand();
+    void carry(Engine::cPicture& icon, Bool shown);
+    void moveIcon(Engine::cPicture& icon);
+    void updateFlyingIdolPos() { moveIcon(*m_idol_icon); }
+    void updateFlyingCatapultPos() { moveIcon(*m_catapult_icon); }
+    void offerTarget(aTarget& target, const Vector2& center, Float radius);
+    template <class T>
+    void offerTargets(const Vector2& center, Float radius);
     void finishDraggedRoad();
     Bool cursorOutOfScreen() const;
 
@@ -382,6 +408,9 @@ private:
     cDraggedRoad* m_dragged_road = nullptr;  ///< owned by the view tree
     Bool m_road_in_drag = false;             ///< it has been moved
     cRoadPrice* m_road_price = nullptr;      ///< a child of the layer of objects; made when it is first shown
+    Bool m_idol_in_hand = false;
+    Bool m_catapult_in_hand = false;
     Bool m_targets_shown = false;
+    cCatapult* m_catapult_of_targets = nullptr;
     std::vector<aTarget*> m_shown_targets;  ///< null where one was destroyed
 };

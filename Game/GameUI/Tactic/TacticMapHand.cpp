@@ -67,8 +67,16 @@ void cTacticMap::setDragMode(Bool drag) {
 void cTacticMap::mouseDown() {
     ENGINE_MARK;
     const Vector2& cursor = cLogic::getInstance()->getCursorPos();
-    if (cursorOutOfScreen() || isPanelAt(cursor))
+    if (cursorOutOfScreen())
         return;
+    if (!isPanelAt(cursor))
+        press(cursor);
+    dropFromHand();
+}
+
+void cTacticMap::press(const Vector2& cursor) {
+    if (m_targets_shown)
+        return pressTarget(cursor);
     const Int point = getPointByPosition(cursor);
     if (point != -1)
         return pressPoint(point);
@@ -78,7 +86,8 @@ void cTacticMap::mouseDown() {
 
 void cTacticMap::pressPoint(Int point) {
     cWayPoint* way_point = getPoint(point).way_point;
-    if (!way_point || !getPoint(point).player_connected || way_point->isGateClosed(false, true))
+    if (!way_point || !getPoint(point).player_connected || pressSite(*way_point) ||
+        way_point->isGateClosed(false, true))
         return;
     deleteDraggedRoad();
     m_dragged_road = static_cast<cDraggedRoad*>(cLevelObject::create(objectDraggedRoad, *this));
@@ -121,6 +130,10 @@ void cTacticMap::mouseMove() {
         dragMap(x - m_drag_mouse_x);
         m_drag_mouse_x = x;
     }
+    if (m_idol_in_hand)
+        updateFlyingIdolPos();
+    if (m_catapult_in_hand)
+        updateFlyingCatapultPos();
     if (m_dragged_road) {
         const Bool was_hidden = m_road_in_drag && !m_dragged_road->isShow();
         m_road_in_drag = true;

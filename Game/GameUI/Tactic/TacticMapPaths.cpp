@@ -160,12 +160,11 @@ Bool cTacticMap::hasBridgeRoad(Int p0, Int p1) const {
 void cTacticMap::deleteRoad(Int p0, Int p1, Bool enemy, Bool update_view) {
     ENGINE_MARK;
     const Bool found = enemy ? destroyRoadLike<cRoadEnemy>(p0, p1) : destroyRoadLike<cRoad>(p0, p1);
-    if (!found)
-        return;
-    if (update_view)
+    if (found && update_view)
         updateView(false);
-    else
+    else if (found)
         generateConnectionMap();
+    showSitesAnew();
 }
 
 // Nets ---------------------------------------------------------------------------------------------------------------

@@ -138,11 +138,3 @@ void cTacticMap::onFenceBuilt() {
             enemy->checkCurrentPath();
     }
 }
-
-void cTacticMap::targetDamaged(aTarget* target) {
-    const auto found = std::find(m_shown_targets.begin(), m_shown_targets.end(), target);
-    if (!target || found == m_shown_targets.end())
-        return;
-    target->showTarget(false);
-    *found = nullptr;
-}
