@@ -1,15 +1,22 @@
-"""The second level: food, wood and stone, and two ways round to the bridge."""
+"""The second level: food, wood and stone, and two ways round to the bridge.
+
+In the corner behind the northern one the enemy has his first bunker; a line of fences with two gates shuts it in.
+"""
 
 SIZE = (800, 600)
 POINTS = [
     (110, 240, 0), (207, 212, 0), (302, 180, 0), (217, 322, 0), (312, 293, 0), (398, 128, 0), (412, 228, 0),
-    (130, 405, 0), (277, 408, 0), (384, 388, 0), (330, 497, 0), (500, 305, 0), (484, 432, 0), (522, 165, 0),
-    (602, 240, 0), (596, 385, 0), (693, 300, 0), (634, 140, 2), (594, 490, 0),
+    (130, 405, 0), (277, 408, 0), (384, 388, 0), (330, 497, 0), (500, 305, 2), (484, 432, 0), (522, 165, 0),
+    (602, 240, 0), (596, 385, 0), (693, 300, 0), (634, 140, 0), (594, 490, 0), (495, 110, 0), (700, 214, 0),
 ]
 ROADS = [(0, 1), (1, 3)]
 GROUND = [(1, 2), (2, 4), (3, 4), (2, 5), (2, 6), (4, 6), (3, 7), (3, 8), (4, 9), (8, 9), (8, 10), (9, 10), (6, 11), (9, 12), (11, 12),
-          (6, 13), (11, 14), (13, 14), (13, 17), (14, 17), (14, 16), (12, 15), (11, 15), (15, 16), (12, 18), (15, 18)]
-OTHER_ARCS = []
+          (6, 13), (11, 14), (14, 16), (12, 15), (11, 15), (15, 16), (12, 18), (15, 18)]
+FENCE = {"Money": 10, "Wood": 3}  # of the whole line
+OTHER_ARCS = [  # p1, p2, type, price
+    (13, 19, 5, FENCE), (13, 14, 5, FENCE), (14, 20, 5, FENCE),
+    (13, 17, 2, {}), (14, 17, 2, {}),
+]
 BUILDINGS = [
     {"Type": 8, "point": 0, "Capacity": 20, "PrevLevel": 0, "MenAmount": 4, "MaxAmount": 9, "Angle": 180,
      "Money": 180, "Food": 6, "Wood": 4, "ManCost": {"Money": 10, "Food": 1}},
@@ -17,6 +24,9 @@ BUILDINGS = [
     {"Type": 12, "point": 7, "Level": 0, "MinLevel": 0},
     {"Type": 9, "point": 10, "Level": 1, "MinLevel": 0},
     {"Type": 11, "point": 18, "Level": 0, "MinLevel": 0},
+    {"Type": 15, "point": 17, "Tasks": [
+        {"id": "raid", "depends": "no", "goal_type": 0, "task_parameter": 0, "goal_src": 14, "goal_dst": 16, "start_time": 240, "delay": 150,
+         "repeat": 1}]},
     {"Type": 14, "point": 16, "BridgeNumber": 1, "NextLevel": 2, "Angle": 0, "GoldTime": 420, "SilverTime": 180,
      "Upgrades": [{"Money": 20, "Wood": 6, "Stone": 4, "MenAmount": 3, "UpgradeTime": 8, "Capacity": 0},
                   {"Money": 0, "Food": 8, "Wood": 6, "MenAmount": 2, "UpgradeTime": 4, "Capacity": 0}]},
@@ -30,4 +40,4 @@ WOODS = [(250, 125, 30, 5), (470, 90, 36, 7), (590, 90, 34, 5), (680, 200, 30, 5
          (540, 380, 18, 2), (80, 185, 22, 2)]
 FIELDS = [(260, 246, 66, 32), (508, 232, 48, 28)]
 LILIES = [(44, 330), (770, 210), (420, 590), (250, 70)]
-WASTE = []
+WASTE = [(626, 132, 78)]  # burnt ground: middle and radius

@@ -247,8 +247,9 @@ void cControl::makeSprite(iGraphics::sSprite& sprite, UInt frame, Float alpha) c
     const Float sine = m_angle == 0.0f ? 0.0f : std::sin(m_angle);
     const Vector2 half = m_size * Vector2(m_scale) * 0.5f;
     for (UInt i = 0; i < 4; ++i) {
-        const Float x = i % 2 == 0 ? -half.x : half.x;
-        const Float y = i < 2 ? -half.y : half.y;
+        const Bool is_left = i % 2 == 0;
+        const Float x = is_left ? -half.x : half.x;
+        const Float y = (i < 2 ? -half.y : half.y) + (is_left ? -m_skew : m_skew) * 0.5f;
         sprite.corners[i].x = m_position.x + x * cosine + y * sine;
         sprite.corners[i].y = m_position.y - x * sine + y * cosine;
         sprite.corners[i].color = packed;

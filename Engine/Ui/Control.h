@@ -42,6 +42,9 @@ public:
 
     virtual Float getAngle() const { return m_angle; }
     virtual void setAngle(const Float& angle) { change(m_angle, angle); }
+    Float getSkew() const { return m_skew; }
+    /// How far the picture's right side lies below its left one, units: it leans along a slope, and stays upright.
+    void setSkew(Float skew) { change(m_skew, skew); }
     virtual Float getAlpha() const { return m_color.a; }
     virtual void setAlpha(const Float& alpha) { change(m_color.a, alpha); }
     virtual const Vector2& getSize() const { return m_size; }
@@ -177,6 +180,7 @@ private:
     UInt m_render_type = 0;
     iGraphics::sSprite m_sprite;
     Float m_angle = 0.0f;
+    Float m_skew = 0.0f;  ///< units
     Vector3 m_scale{1.0f, 1.0f, 1.0f};
     cDrawPlace m_draw_place;
     Float m_deep = 0.0f;

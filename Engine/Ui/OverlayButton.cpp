@@ -51,6 +51,7 @@ void cOverlayButton::followButton() {
     m_overlay->setPosition(getPosition());
     m_overlay->setSize(getSize());
     m_overlay->setAngle(getAngle());
+    m_overlay->setSkew(getSkew());
     m_overlay->setAnimTime(getAnimTime());
     m_overlay->setInverceX(isInverceX());
     m_overlay->setInverceY(isInverceY());

@@ -31,10 +31,11 @@ cNewControlEffect::cNewControlEffect(cView* parent, const sRect& rect, const Str
     enable();
 }
 
-void cNewControlEffect::play(cView* parent, const cControl& around, const String& path) {
+void cNewControlEffect::play(cView* parent, const cControl& around, const String& path, Float height) {
     const Vector2 half = around.getSize() * 0.5f;
-    const Vector2 from = around.getPosition() - half;
-    const Vector2 to = around.getPosition() + half;
+    const Vector2 middle = around.getPosition() - Vector2(0.0f, height);
+    const Vector2 from = middle - half;
+    const Vector2 to = middle + half;
     auto* effect = new cNewControlEffect(parent, {from.x, from.y, to.x, to.y}, path);
     effect->setDeep(around.getDeep() + 1.0f);
 }

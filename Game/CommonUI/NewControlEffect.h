@@ -22,7 +22,8 @@ public:
     cNewControlEffect(Engine::cView* parent, const sRect& rect, const String& path);
 
     /// Lets it run around a control, in front of it.
-    static void play(Engine::cView* parent, const Engine::cControl& around, const String& path);
+    /// @param height  that the control is drawn above its place, units
+    static void play(Engine::cView* parent, const Engine::cControl& around, const String& path, Float height = 0.0f);
 
     /// The keys of cControl, then "EmittersCount", "ParticlesCount" (of each emitter; 0: it never ends), "Frequency"
     /// (particles a second), "SpeedModule" (units a second, of the sparks that fly to the farthest points) and "Sound"

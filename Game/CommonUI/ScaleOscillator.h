@@ -44,6 +44,7 @@ public:
         applyScale(std::sin(phase) * m_amplitude + m_centre);
     }
 
+    Float getOscillationTime() const { return m_duration; }  ///< seconds of the whole
     Bool isOscillating() const { return m_oscillating; }
     void setOscillating(Bool oscillating) {
         m_oscillating = oscillating;

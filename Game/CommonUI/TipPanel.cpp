@@ -155,7 +155,7 @@ void cTipPanel::takeLook(eScreenSide side) {
 }
 
 void cTipPanel::updatePosition() {
-    const Vector2 anchor = m_owner.getPosition() + m_position;
+    const Vector2 anchor = m_anchor->getPosition() + m_position;
     const eScreenSide side = getRoomySide(anchor);
     if (side != m_look)
         takeLook(side);
@@ -178,22 +178,23 @@ void cTipPanel::updateTipData(iExtendedInfoTip* source) {
     sInfoTip info;
     source->updateInfoTipCargo(info);
     updateTipCargo(info);
-    const Bool has_cargo = tellCaption(m_cargo_text, info);
+    const Bool has_cargo = tellHalf(m_cargo_text, m_cargo, info);
 
     info = {};
     source->updateInfoTipPrice(info);
     updateTipPrice(info);
-    const Bool has_price = tellCaption(m_price_text, info);
+    const Bool has_price = tellHalf(m_price_text, m_price, info);
     m_is_empty = !has_cargo && !has_price;
 }
 
-/// A half that tells nothing has no caption. False for such a one.
-Bool cTipPanel::tellCaption(cTextLine* caption, const sInfoTip& info) {
+/// A half that tells nothing is left out, with the men that its list may still hold. False for such a one.
+Bool cTipPanel::tellHalf(cTextLine* caption, const cPriceList* list, const sInfoTip& info) {
     const Bool is_told = !info.text.empty() || info.men >= 0 || info.use_products ||
                          std::any_of(info.cargo.begin(), info.cargo.end(), [](Int amount) { return amount != 0; });
     if (caption && !info.text.empty())
         caption->setText(info.text);
     leaveOut(caption, !is_told);
+    leaveOut(list, !is_told);
     return is_told;
 }
 
@@ -267,12 +268,12 @@ void cTipPanel::objectClicked() {
         m_price_text->setText(cGameStrings::getInstance()->getString("not_enough"));
     }
     leaveOut(m_cargo_text, true);
-    if (showLack(m_price)) {
-        leaveOut(m_cargo, true);
-    } else {
+    leaveOut(m_price_text, false);
+    const Bool is_price_short = showLack(m_price);
+    if (!is_price_short)
         showLack(m_cargo);
-        leaveOut(m_price, true);
-    }
+    leaveOut(m_price, !is_price_short);
+    leaveOut(m_cargo, is_price_short);
     applyAlpha();
     updatePosition();
 }

@@ -25,7 +25,7 @@ class cPriceList;
 class cTipPanel {
 public:
     /// @param owner  outlives the panel
-    explicit cTipPanel(Engine::cControl& owner) : m_owner(owner) {}
+    explicit cTipPanel(Engine::cControl& owner) : m_owner(owner), m_anchor(&owner) {}
     cTipPanel(const cTipPanel&) = delete;
     cTipPanel& operator=(const cTipPanel&) = delete;
 
@@ -39,6 +39,9 @@ public:
 
     /// The same from that file, when the tip is first to be shown: most things are never pointed at.
     void setFile(const String& path) { m_file = path; }
+
+    /// It stands beside that control, which outlives the owner, instead of beside the owner.
+    void setAnchor(const Engine::cControl& anchor) { m_anchor = &anchor; }
 
     /// The pointer has come. False if the tip is suppressed or the object is pointed at: nothing starts then. Else the
     /// owner updates the tip's data and calls start().
@@ -80,14 +83,15 @@ private:
     void takeLook(eScreenSide side);
     void leaveOut(const Engine::cControl* view, Bool left_out);
     void applyAlpha();
-    Bool tellCaption(Engine::cTextLine* caption, const sInfoTip& info);
+    Bool tellHalf(Engine::cTextLine* caption, const cPriceList* list, const sInfoTip& info);
     void fillList(cPriceList* list, const sInfoTip& info);
     void fillProducts(const sInfoTip& info);
     void leaveLackMode();
     Bool showLack(cPriceList* list);
 
     Engine::cControl& m_owner;
-    String m_file;  ///< yet to be read; empty for none
+    const Engine::cControl* m_anchor;  ///< not owned
+    String m_file;                     ///< yet to be read; empty for none
     std::vector<sPart> m_parts;
     Float m_wait_time = 0.0f;          ///< seconds
     Float m_wait_left = 0.0f;          ///< seconds

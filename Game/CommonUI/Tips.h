@@ -24,6 +24,7 @@ public:
     }
     void loadTipXML(const Engine::iXML* xml_doc) { m_tip.loadXML(xml_doc); }
     void setTipFile(const String& path) { m_tip.setFile(path); }
+    void setTipAnchor(const Engine::cControl& anchor) { m_tip.setAnchor(anchor); }
 
     void process() override {
         _Button::process();
@@ -38,10 +39,8 @@ public:
         m_tip.leave();
     }
     void enabled() override {
-        _Button::enabled();
         m_tip.vanish();
-        if (isPointerInside())
-            startTip();
+        _Button::enabled();  // which is hovered if the pointer lies on it, and on nothing above it
     }
     void disabled() override {
         _Button::disabled();

@@ -19,8 +19,10 @@ Int limit(LongLong sum) {
 void sResourceCargo::loadXML(const Engine::iXML* xml) {
     static constexpr const char16_t* keys[resource_count] = {u"Money", u"Food", u"Wood", u"Stone", u"Iron"};
     amounts.fill(0);
-    for (std::size_t i = 0; i < amounts.size(); ++i)
+    for (std::size_t i = 0; i < amounts.size(); ++i) {
         Engine::readKey(*xml, keys[i], amounts[i]);
+        amounts[i] = std::max(amounts[i], 0);
+    }
 }
 
 Int sResourceCargo::total(Bool with_money) const {

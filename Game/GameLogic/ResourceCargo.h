@@ -19,7 +19,7 @@ struct sResourceCargo {
     Int& operator[](Int type) { return amounts.at(static_cast<std::size_t>(type)); }
     Int operator[](Int type) const { return amounts.at(static_cast<std::size_t>(type)); }
 
-    /// The keys "Money", "Food", "Wood", "Stone", "Iron"; those that are missing become 0.
+    /// The keys "Money", "Food", "Wood", "Stone", "Iron"; those that are missing, or below 0, become 0.
     void loadXML(const Engine::iXML* xml);
     /// The sum of all amounts, or of the four kinds that take room in a store. Ends at the largest Int.
     Int total(Bool with_money) const;

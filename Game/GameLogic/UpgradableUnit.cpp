@@ -15,6 +15,7 @@
 #include "Game/GameLogic/buildings/Building.h"
 #include "Game/GameLogic/goals/DeliveryGoal.h"
 #include "Game/GameLogic/goals/GoalsList.h"
+#include "Game/GameLogic/goals/UpgradeGoal.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
@@ -60,7 +61,8 @@ Int cUpgradableUnit::getGoalType() const {
 
 Int cUpgradableUnit::getNeededMen(Int) const {
     const cUpgrade* row = getUpgradeRow();
-    return row ? row->men : 0;
+    const Int least = isAtTop() ? 0 : 1;
+    return row ? std::max(row->men, least) : 0;
 }
 
 Float cUpgradableUnit::getUpgradeTime() const {
@@ -72,21 +74,11 @@ Bool cUpgradableUnit::isUpgradeAllowed() {
     if (isAtTop())
         return false;
     cTacticMap& map = getLevelMap();
-    const sResourceCargo& stock = map.getGlobalCargo(false);
-    const sResourceCargo& price = getPrice();
-    for (Int type = 0; type < resource_count; ++type) {
-        if (stock[type] < price[type])
-            return false;
-    }
-    return map.getNumberOfMen() >= getNeededMen(getGoalType());
+    return map.getGlobalCargo(false).covers(getPrice()) && map.getNumberOfMen() >= getNeededMen(getGoalType());
 }
 
 Bool cUpgradableUnit::isEnoughForUpgrade() const {
-    for (Int type = 0; type < resource_count; ++type) {
-        if (m_upgrade_cargo.getCargo()[type] < getPrice()[type])
-            return false;
-    }
-    return true;
+    return m_upgrade_cargo.getCargo().covers(getPrice());
 }
 
 void cUpgradableUnit::updateUpgradeCargoCapacity() {
@@ -107,6 +99,24 @@ Bool cUpgradableUnit::createUpgradeGoals() {
     updateUpgradeCargoCapacity();
     getLevelMap().updateGlobalResources(true);
     return true;
+}
+
+void cUpgradableUnit::orderUpgrade(const std::vector<cBuilding*>& providers, const Vector2& place,
+                                   const Vector2& direction, const char* lack_text) {
+    ENGINE_MARK;
+    const Long transaction = beginOrder();
+    flyPrice(place, direction);
+    if (createDeliveryGoals(providers, lack_text))
+        m_state = waitingForResources;
+    else
+        startUpgrade();
+    cUpgradableUnit::createUpgradeGoals();
+    for (Int i = 0; i < getNeededMen(goalUpgrade); ++i) {
+        auto goal = getNewBuilderGoal();
+        goal->setTransactionId(transaction);
+        getLevelMap().getGoals()->addGoal(std::move(goal));
+    }
+    showProgress(0.0f, getUpgradeTime());
 }
 
 Bool cUpgradableUnit::createDeliveryGoals(const std::vector<cBuilding*>& providers, const char* lack_text) {
@@ -131,6 +141,12 @@ Bool cUpgradableUnit::createDeliveryGoals(const std::vector<cBuilding*>& provide
 
 std::shared_ptr<cDeliveryGoal> cUpgradableUnit::getNewDeliveryGoal() {
     return std::make_shared<cDeliveryGoal>();
+}
+
+std::shared_ptr<cGoal> cUpgradableUnit::getNewBuilderGoal() {
+    auto goal = std::make_shared<cUpgradeGoal>();
+    goal->setDst(getUnderPoint());
+    return goal;
 }
 
 Int cUpgradableUnit::createDeliveryGoalForBuilding(cBuilding* provider, Int type, Int amount, Long trans) {

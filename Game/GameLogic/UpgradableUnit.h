@@ -52,8 +52,8 @@ public:
     virtual const sResourceCargo& getPrice() const;  ///< of the next level; zero at the top
     virtual Int getNeededResources(Int type) const { return getPrice()[type]; }
     virtual void addUpgradeResources(Int type, Int amount);
-    virtual void addMan(cMan* man);  ///< once
-    virtual Int getNeededMen(Int goal_type) const;
+    virtual void addMan(cMan* man);                     ///< once
+    virtual Int getNeededMen(Int goal_type) const;      ///< to rise: one at least, or it would wait for ever
     virtual Float getUpgradeTime() const;               ///< seconds
     virtual Bool isMenEnough(const cGoal* goal) const;  ///< have all come who work with that goal's man?
     virtual void hireMen(const cGoal* goal);            ///< these begin
@@ -62,6 +62,7 @@ public:
     virtual void setProgress(Float value);
     virtual void hideProgress();
     virtual std::shared_ptr<cDeliveryGoal> getNewDeliveryGoal();  ///< of no point and no goods yet
+    virtual std::shared_ptr<cGoal> getNewBuilderGoal();           ///< of no transaction yet
 
     /// Must a goal for it wait, though its goods are there?
     virtual Bool keepsWaiting(const cGoal&, Long) const { return false; }
@@ -86,6 +87,7 @@ public:
     void showEffect(Bool show);
 
     const std::vector<std::unique_ptr<cUpgrade>>& getUpgrades() const { return m_upgrades; }
+    Engine::cProgressFloat* getProgressBar() const { return m_progress; }  ///< null without one
     Bool isAtTop() const { return m_level + 1 >= static_cast<Int>(m_upgrades.size()); }
 
     /// The goals that name it: they forget it when it ends.
@@ -106,8 +108,11 @@ protected:
     void loadProgress(const Engine::iXML* xml, Engine::cView* owner, const char* tag = "Progress");
     void loadLevelKeys(const Engine::iXML* xml);  ///< "Level", "MinLevel"
     const cUpgrade* getUpgradeRow() const;        ///< of the present level; null at the top and without a table
-    Engine::cProgressFloat* getProgressBar() const { return m_progress; }  ///< null without one
 
+    /// The whole of an order: its price flies up (as in flyPrice), its goods and its builders are sent for, the bar
+    /// shows. Throws that text where there are not enough goods on the level.
+    void orderUpgrade(const std::vector<cBuilding*>& providers, const Vector2& place, const Vector2& direction,
+                      const char* lack_text);
     /// Begins an order: its own number, no goods, no men done.
     Long beginOrder();
     /// Orders what it needs from those stores, then from men on their way to one. True if there is anything to bring.

@@ -120,12 +120,18 @@ void cGameMenu::onQuestionDecline(cView* parent) {
 
 // Screens over the menu --------------------------------------------------------------------------------------------
 
+// The menu is back while they still fade away: until they are gone it opens none anew.
+
 void cGameMenu::onOptions(cView*) {
+    if (cOptions::getInstance())
+        return;
     getInstance()->hideTransparently();
     showScreen(*new cOptions(getInstance()));
 }
 
 void cGameMenu::onHelp(cView*) {
+    if (cHelp::getInstance())
+        return;
     getInstance()->hideTransparently();
     showScreen(*new cHelp(nullptr, 0));
 }

@@ -89,11 +89,12 @@ void cMainMenu::leaveFor(cView& screen) {
     showScreen(screen);
 }
 
-// A key and a click may arrive in one frame, so each way out asks whether another one has been taken.
+// A key and a click may arrive in one frame, so each way out asks whether another one has been taken; and the menu is
+// back while the screen that it opened last still fades away, so each asks whether its own is gone.
 
 void cMainMenu::onExit(cView*) {
     cMainMenu* menu = getInstance();
-    if (!menu->isLeaving())
+    if (!menu->isLeaving() && !cYesNoExit::getInstance())
         menu->leaveFor(*new cYesNoExit(menu, onExitConfirm, onExitDecline));
 }
 
@@ -119,13 +120,13 @@ void cMainMenu::onStart(cView*) {
 
 void cMainMenu::onOptions(cView*) {
     cMainMenu* menu = getInstance();
-    if (!menu->isLeaving())
+    if (!menu->isLeaving() && !cOptions::getInstance())
         menu->leaveFor(*new cOptions(menu));
 }
 
 void cMainMenu::onCredits(cView*) {
     cMainMenu* menu = getInstance();
-    if (!menu->isLeaving())
+    if (!menu->isLeaving() && !cCredits::getInstance())
         menu->leaveFor(*new cCredits);
 }
 
@@ -133,7 +134,7 @@ void cMainMenu::onCredits(cView*) {
 
 void cMainMenu::onChangeUser(cView*) {
     cMainMenu* menu = getInstance();
-    if (menu->isLeaving())
+    if (menu->isLeaving() || cSelectProfile::getInstance())
         return;
     auto* screen = new cSelectProfile(nullptr, true);
     screen->setOnOk(onUserChosen);

@@ -1,16 +1,36 @@
 #pragma once
 
-#include <string>
+#include <vector>
 
 #include "Engine/Ui/Storage.h"
+#include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/Mill.h"
+#include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/TransRoad.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
+/// Everything on the level that takes goods and men to rise.
+inline std::vector<cUpgradableUnit*> getUpgradableUnits() {
+    std::vector<cUpgradableUnit*> res;
+    for (cBuilding* building : cBuilding::getStorage()) {
+        if (auto* unit = dynamic_cast<cUpgradableUnit*>(building))
+            res.push_back(unit);
+    }
+    const auto add_all = [&res](const auto& storage) {
+        for (const auto& [number, unit] : storage)
+            res.push_back(unit);
+    };
+    add_all(Engine::cStorage<cTransRoad>::getStorage());
+    add_all(Engine::cStorage<cPlayerFence>::getStorage());
+    add_all(Engine::cStorage<cPlayerBridgeRoad>::getStorage());
+    return res;
+}
+
 /// Where the goods of a level are: in a store, promised there, in a man's hands or brought to a unit.
 struct sLedger {
     sResourceCargo total;       ///< of the four
+    sResourceCargo carried;     ///< by the player's men
     sResourceCargo on_units;    ///< brought, and not yet built in
     sResourceCargo mill_stock;  ///< made, and not yet fetched
 
@@ -21,13 +41,14 @@ struct sLedger {
             res.total.add(building->getLocked());
             if (const auto* mill = dynamic_cast<const cMill*>(building))
                 res.mill_stock.add(mill->cCargoStorage::getCargo());
-            if (const auto* unit = dynamic_cast<const cUpgradableUnit*>(building))
-                res.on_units.add(unit->getUpgradeCargo().getCargo());
         }
-        for (const auto& [number, road] : Engine::cStorage<cTransRoad>::getStorage())
-            res.on_units.add(road->getUpgradeCargo().getCargo());
+        for (const cUpgradableUnit* unit : getUpgradableUnits())
+            res.on_units.add(unit->getUpgradeCargo().getCargo());
         for (const cFriendMan* man : map.getMen())
+            res.carried.add(man->getCargo());
+        for (const cMan* man : map.getEnemies())
             res.total.add(man->getCargo());
+        res.total.add(res.carried);
         res.total.add(res.on_units);
         return res;
     }

@@ -50,7 +50,7 @@ constexpr sClass classes[] = {
     {"MultilineText", "Control", "String Interlinear Localized VerticalAlign WrapText WrapStyle", "Text:TextLine"},
     {"BtnText", "PriceText", "Offset Speed", ""},
     {"TextButton", "AnimButton", "UseTextPosition", "Text:BtnText"},
-    {"ProgressFloat", "Picture", "ProgressMaxValue ProgressCurrentValue Side", "Back:Picture"},
+    {"ProgressFloat", "Picture", "ProgressMaxValue ProgressCurrentValue Side", ""},
     {"ScrollBox", "Picture", "Layout Min Max Value", "Slider:Button"},
     {"ListStrings", "", "Count", "*:ListString"},
     {"ListString", "", "String", ""},
@@ -70,6 +70,7 @@ constexpr sClass classes[] = {
      "Price:PriceList PriceListExt:PriceList CargoText:TextLine PriceText:TextLine Texts:TextLine* Pics:Picture* "
      "MultiTexts:MultilineText*"},
     {"Tips", "", "", "Tip:Tip"},
+    {"ProgressFloatExt", "ProgressFloat", "", "Back:Picture"},
     {"IconText", "TextLine", "HasDisableView BlinkTime BlinkPeriod", "Icon:Picture"},
     {"PriceList", "Control",
      "DisableTextColor EnableTextColor ShowIfZero ShowWithX ShowWithPlus ShowOnlyIcons Offset Base Compact "
@@ -143,32 +144,32 @@ constexpr sClass classes[] = {
     {"LevelObject", "OverlayButton Oscillator Tips", "", "States:Look*"},
     {"FieldObject", "", "HeightOffset", ""},
     {"AttackedObject", "LevelObject", "attack_icon_offset", ""},
-    {"TicksHolder", "Picture", "tick_offset", "TickProto:Picture"},
+    {"TicksHolder", "", "tick_offset", "TickProto:Picture"},
     {"Upgrade", "Cargo", "UpgradeNumber UpgradeTime MenAmount Capacity texture_mask mask_offset", ""},
     {"MillUpgrade", "Upgrade", "MiningTime", ""},
     {"IdolUpgrade", "Upgrade", "DamageRadius Prey Height", ""},
     {"CatapultUpgrade", "Upgrade", "DamageRadius Height", "ChargeCargo:Cargo"},
     {"WayPoint", "AttackedObject FieldObject", "arrangement_delta arrangement_radius center_offset distance_to_gates",
      "Back:Picture EnemyGates:Picture Gates:Picture RoadPrice:PriceList"},
-    {"Road", "AttackedObject", "alfa_param disabled_color", "TileTemplate:ProgressFloat Progress:ProgressFloat"},
-    {"Barrier", "AttackedObject", "", "Upgrades:Upgrade* UpgradeTick:ProgressFloat"},
+    {"Road", "AttackedObject", "alfa_param disabled_color", "TileTemplate:ProgressFloat Progress:ProgressFloatExt"},
+    {"Barrier", "AttackedObject", "", "Upgrades:Upgrade* UpgradeTick:ProgressFloatExt"},
     {"Fence", "Barrier", "default_building_time disabled_color gate_gap",
      "TileFence:AnimButton TileFencePlace:AnimButton FenceTower:AnimButton"},
     {"BridgeRoad", "Barrier", "damaged_tile_length",
      "TileBridge:AnimButton TileBridgePlace:AnimButton LeftBridge:AnimButton RightBridge:AnimButton "
      "LeftBridgeDamaged:AnimButton RightBridgeDamaged:AnimButton"},
     {"Building", "AttackedObject FieldObject", "ellipse_a ellipse_b arrangement_delta entrance_angle",
-     "Base:Picture Shadow:Picture CargoProgress:ProgressFloat"},
-    {"UpgradePrice", "PriceList", "", "Background:Picture Text:TextLine"},
-    {"UpgradeButton", "AnimButton Oscillator Tips", "", ""},
-    {"UpgradableBuilding", "Building", "tooltip_plan_price_offset",
-     "Progress:ProgressFloat UpgradeButton:UpgradeButton UpgradeTick:Picture Bomb:Picture "
-     "BombProgress:ProgressFloat "
-     "UpgradePrice:UpgradePrice Upgrades:Upgrade*"},
+     "Base:Picture Shadow:Picture CargoProgress:ProgressFloatExt"},
+    {"PulsingButton", "OverlayButton Oscillator", "", ""},
+    {"UpgradeButton", "PulsingButton Tips", "", ""},
+    {"UpgradableBuilding", "Building", "",
+     "Progress:ProgressFloatExt UpgradeButton:UpgradeButton UpgradeTick:Picture Bomb:Picture "
+     "BombProgress:ProgressFloatExt "
+     "Upgrades:Upgrade*"},
     {"Warehouse", "UpgradableBuilding", "cargo_levels_amount", "Goods:Picture"},
-    {"MenOffset", "", "id offset", ""},
+    {"MenOffset", "", "id offset angle", ""},
     {"Mill", "UpgradableBuilding", "loading_bay_angle cargo_levels_amount",
-     "Upgrades:MillUpgrade* UnloadButton:UpgradeButton UnloadTick:TicksHolder MiningTick:TicksHolder "
+     "Upgrades:MillUpgrade* UnloadButton:PulsingButton UnloadTick:TicksHolder MiningTick:TicksHolder "
      "MiningManProto:Picture MiningManTool:Picture MenOffsets:MenOffset*"},
     {"Idol", "UpgradableBuilding", "alfa_param disabled_color delta_start tooltip_preys_offset pray_sound_time",
      "Upgrades:IdolUpgrade*"},
@@ -179,12 +180,12 @@ constexpr sClass classes[] = {
     {"CaravanWay", "", "speed caravan_angle screen_margin",
      "Caravan:CaravanButton BridgeTile:CaravanButton BridgeRight:CaravanButton BridgeBase:CaravanButton"},
     {"Bridge", "UpgradableBuilding CaravanWay", "cargo_tip_offset cargo_levels_amount",
-     "Flag:Picture flag:Picture TimeProgress:ProgressFloat Clock:TextLine DbgClock:TextLine Goods:Picture "
+     "Flag:Picture flag:Picture TimeProgress:ProgressFloatExt Clock:TextLine DbgClock:TextLine Goods:Picture "
      "BridgeLeft:CaravanButton"},
     {"StartPoint", "Building CaravanWay", "", ""},
-    {"Bunker", "Building", "random_start random_delay visible_targets_amount", "Progress:ProgressFloat"},
+    {"Bunker", "Building", "random_start random_delay visible_targets_amount", "Progress:ProgressFloatExt"},
     {"Market", "Building", "random_period random_duration progress_panel_pos progress_panel_offset", ""},
-    {"Port", "Market", "mask_angle", "ShipProgress:ProgressFloat"},
+    {"Port", "Market", "mask_angle", "ShipProgress:ProgressFloatExt"},
     {"Man", "LevelObject FieldObject",
      "speed_by_road cross_country_speed speed_with_cargo turn_distance delta_yaw kick_delta default_capacity "
      "walk_animation_speed exchange_goal_buf_time acceleration_factor max_acceleration",

@@ -104,14 +104,20 @@ void cStage::waitForRoll() {
         waitForLevel();
 }
 
-void cStage::reenter() {
-    const Int level = cProfile::getInts()["CurrentLevel"];
-    cTacticMap::getInstance()->showStrategicMap();
-    for (int i = 0; i < patience && cTacticMap::getInstance()->hasLevel(); ++i)
+void cStage::enterLevel(int level) {
+    cTacticMap* map = cTacticMap::getInstance();
+    if (map && map->hasLevel()) {
+        map->showStrategicMap();
+        for (int i = 0; i < patience && map->hasLevel(); ++i)
+            frame();
         frame();
-    frame();
+    }
     cStrategicMap::getInstance()->startLevel(level, false);
     waitForLevel();
+}
+
+void cStage::reenter() {
+    enterLevel(cProfile::getInts()["CurrentLevel"]);
 }
 
 }  // namespace Simulate

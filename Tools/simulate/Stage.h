@@ -25,8 +25,9 @@ public:
     /// Frames until the level takes input; they count for nobody.
     void waitForLevel();
     void waitForRoll();  ///< out of the level, and into the next one if there is one
-    /// Leaves the level for the map of levels and enters it again, as it was left.
-    void reenter();
+    /// Enters that level as it was left, out of the one that is played or from the map of levels.
+    void enterLevel(int level);
+    void reenter();              ///< leaves the level for the map of levels and enters it again, as it was left
     bool isLevelPlayed() const;  ///< it has not been left, though a menu may lie over it
     bool takesInput() const;
 

@@ -21,6 +21,7 @@ namespace {
 
 constexpr Float radians_per_degree = 0.017453292f;
 constexpr Float least_ellipse = 0.001f;  ///< half axis, units: nothing is divided by 0
+constexpr Int most_goods = 100000;       ///< of all kinds in one store: each item may become a goal
 
 }  // namespace
 
@@ -157,6 +158,13 @@ void cBuilding::loadXmlState(const iXML* xml) {
     sResourceCargo cargo;
     cargo.loadXML(xml);
     setCargo(cargo);
+    requireGoods();
+}
+
+void cBuilding::requireGoods() const {
+    const Int goods = getCargo().total(false);
+    if (goods > most_goods)
+        throw String("cBuilding: ") + std::to_string(goods) + " goods in one store are too many";
 }
 
 void cBuilding::saveBinState(iArch& arch) {
@@ -179,6 +187,7 @@ void cBuilding::loadBinState(iArch& arch) {
         initUnderWayPoint(point);
     }
     cCargoStorage::loadBinState(arch);
+    requireGoods();
     Vector2 center{0.0f, 0.0f};
     serializeNumber(arch, center);
     place(center);
@@ -278,7 +287,7 @@ void cBuilding::setBackgroundVisualState(const String& id) {
 void cBuilding::updateInfoTipCargo(sInfoTip& info) {
     if (!isProvider() || !cLevelObject::isPlayerConnected())
         return;
-    info.text = getGameString("stock");
+    info.text = getGameString(getCargo().total(true) > 0 ? "stock" : "stock_empty");
     info.cargo = getCargo().amounts;
 }
 

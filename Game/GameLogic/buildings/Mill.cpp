@@ -21,6 +21,7 @@
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/GameUI/Tactic/Utils.h"
 #include "Game/Ui/GameSounds.h"
+#include "Game/Ui/GameStrings.h"
 
 using namespace Engine;
 
@@ -65,7 +66,11 @@ void cMill::loadXML(const iXML* xml) {
         tag->get(i, place);
         String id;
         readKey(*place, u"id", id);
-        readKey(*place, u"offset", m_men_offsets[id]);
+        sWorkplace& workplace = m_men_offsets[id];
+        readKey(*place, u"offset", workplace.offset);
+        Float turn = 0.0f;
+        readKey(*place, u"angle", turn);
+        workplace.turn = glm::radians(turn);
     }
 }
 
@@ -104,12 +109,11 @@ void cMill::upgrade() {
     getMap().updateGlobalResources(true);
 }
 
-/// Of a mill that has fallen, what no longer fits is gone.
 void cMill::finishUpgrade() {
     ENGINE_MARK;
-    if (getUpgradeState() == idle && getCargo().total(false) > getCapacity())
-        stealResourceItems(getCargo().total(false) - getCapacity());
+    dropExcess();
     cUpgradableBuilding::finishUpgrade();
+    showMiningProgress();
 }
 
 Bool cMill::degrade(Int amount) {
@@ -117,6 +121,8 @@ Bool cMill::degrade(Int amount) {
     if (!cUpgradableBuilding::degrade(amount))
         return false;
     takeRowCapacity();
+    while (static_cast<Int>(m_unload_ticks.getTicksCount()) > getMillCapacity())
+        m_unload_ticks.deleteTick();
     finishMining();
     getMap().updateGlobalResources(true);
     return true;
@@ -158,8 +164,11 @@ Int cMill::countWorkers() const {
     }));
 }
 
-String cMill::getPlaceId(Int number) const {
-    return String("upgrade_") + std::to_string(getLevel()) + "_man_" + std::to_string(number);
+/// Its middle for one that the file does not name.
+cMill::sWorkplace cMill::findWorkplace(Int number) const {
+    const auto found =
+        m_men_offsets.find(String("upgrade_") + std::to_string(getLevel()) + "_man_" + std::to_string(number));
+    return found == m_men_offsets.end() ? sWorkplace() : found->second;
 }
 
 void cMill::incMiningMen(cMan* man) {
@@ -172,9 +181,7 @@ void cMill::incMiningMen(cMan* man) {
         man->setCargo({});
         return man->waitTask(true);
     }
-    const auto offset = m_men_offsets.find(getPlaceId(number));
-    const Vector2 place =
-        cControl::getPosition() + (offset == m_men_offsets.end() ? Vector2(0.0f, 0.0f) : offset->second);
+    const Vector2 place = cControl::getPosition() + findWorkplace(number).offset;
     man->setTask(std::make_unique<cMoveInsideMill>(this, man, man->getMovablePosition(), place, false));
 }
 
@@ -190,11 +197,17 @@ void cMill::startMining() {
     setMiningState();
     m_is_mining = true;
     m_mining_elapsed = 0.0f;
-    showProgress(0.0f, getMiningTime());
+    showMiningProgress();
     m_product_step = getMiningTime() / static_cast<Float>(std::max(m_men_ready, 1));
     m_next_product_time = m_product_step;
     startMiningSound();
     updateView(false);
+}
+
+/// The bar is the builders' while the mill is to rise.
+void cMill::showMiningProgress() {
+    if (m_is_mining && getUpgradeState() == idle)
+        showProgress(m_mining_elapsed, getMiningTime());
 }
 
 void cMill::startMiningSound() {
@@ -222,7 +235,8 @@ void cMill::processMining(Float step) {
     if (!cBuilding::isPlayerConnected())
         return finishMining();
     m_mining_elapsed += step;
-    setProgress(m_mining_elapsed);
+    if (getUpgradeState() == idle)
+        setProgress(m_mining_elapsed);
     for (const auto* figures : {&m_workers, &m_worker_tools}) {
         for (cPicture* figure : *figures)
             figure->setAnimTime(figure->getAnimTime() + step);
@@ -295,13 +309,15 @@ void cMill::unload() {
     cUtils::oscillateWarehouses();
 }
 
+/// What has been sent for already is not sent for again.
 Bool cMill::createUnloadGoals() {
     const Int amount = getProductAmount();
-    m_loads = std::max(amount, 0);
-    if (amount < 1)
+    const Int sent_for = std::min(m_loads, amount);
+    m_loads = amount;
+    if (amount == sent_for)
         return false;
     const Long transaction = getMap().makeTransaction();
-    for (Int i = 0; i < amount; ++i) {
+    for (Int i = sent_for; i < amount; ++i) {
         auto goal = std::make_shared<cLoadGoal>();
         goal->setSrc(getUnderPoint());
         goal->setCargoType(getProduct());
@@ -337,7 +353,7 @@ Int cMill::removeResourceItems(Int type, Int amount) {
 void cMill::shakeUnloadButton() {
     m_unload_button->setOscillating(true);
     m_button_alarm = true;
-    m_button_alarm_time = alarm_time;
+    m_button_alarm_time = m_unload_button->getOscillationTime() * 0.5f;
     playGameSound("wrong_action");
 }
 
@@ -371,6 +387,12 @@ void cMill::updateView(Bool hide) {
     }
 }
 
+void cMill::updateInfoTipCargo(sInfoTip& info) {
+    cUpgradableBuilding::updateInfoTipCargo(info);
+    if (m_is_mining && getUpgradeState() == idle)
+        info.text = getGameString("in_progress");
+}
+
 void cMill::setMiningVisualState() {
     for (Int number = 1; number <= m_men_ready; ++number)
         showWorker(number);
@@ -386,11 +408,12 @@ void cMill::showWorker(Int number) {
         m_workers.push_back(new cPicture(*m_worker_proto));
         m_worker_tools.push_back(new cPicture(*m_tool_proto));
     }
-    const auto offset = m_men_offsets.find(getPlaceId(number));
-    const Vector2 place = offset == m_men_offsets.end() ? Vector2(0.0f, 0.0f) : offset->second;
+    constexpr Float deep_per_unit = 0.01f;  // they stand close together: men who pass are before or behind all of them
+    const sWorkplace place = findWorkplace(number);
     const auto put = [&place](cPicture& figure, const cPicture& proto) {
-        figure.setPosition(proto.getPosition() + place);
-        figure.setDeep(proto.getDeep() + place.y);
+        figure.setPosition(proto.getPosition() + place.offset);
+        figure.setDeep(proto.getDeep() + place.offset.y * deep_per_unit);
+        figure.setAngle(proto.getAngle() + place.turn);
         if (!figure.isShow())
             figure.show();
     };

@@ -37,13 +37,15 @@ public:
     /// The keys of cUpgradableBuilding, then "loading_bay_angle" (degrees), "cargo_levels_amount" (looks of the
     /// unload button beyond the empty one) and the child tags "UnloadButton", "UnloadTick", "MiningTick"
     /// (cTicksHolder), "MiningManProto", "MiningManTool" (the figure of a worker, and what he holds) and "MenOffsets":
-    /// for each place inside an "id" and its "offset" from the mill.
+    /// for each place inside an "id", its "offset" from the mill and the "angle" (degrees) that the figure is turned
+    /// by.
     void loadXML(const Engine::iXML* xml) override;
     void loadXmlState(const Engine::iXML* xml) override;
     void setInitState() override;
     void process() override;
     void updateView(Bool hide) override;
     void onCargoChanged(Int type) override;
+    void updateInfoTipCargo(sInfoTip& info) override;
     Int getType() const override { return objectMill; }
     Bool hasFreeSpace() const override { return getProductAmount() < getMillCapacity(); }
     Int removeResourceItems(Int type, Int amount) override;
@@ -87,10 +89,15 @@ protected:
     std::unique_ptr<cUpgrade> makeUpgrade() const override { return std::make_unique<cMillUpgrade>(); }
 
 private:
-    static constexpr Float alarm_time = 0.6f;  ///< seconds that the unload button shakes
+    /// Where a worker stands inside, and how far he is turned from where the file's figure looks.
+    struct sWorkplace {
+        Vector2 offset{0.0f, 0.0f};  ///< from the mill, units
+        Float turn = 0.0f;           ///< radians
+    };
 
     Int countWorkers() const;
-    String getPlaceId(Int number) const;
+    sWorkplace findWorkplace(Int number) const;
+    void showMiningProgress();
     void processMining(Float step);
     void makeItem();
     void shakeUnloadButton();
@@ -109,7 +116,7 @@ private:
     std::unique_ptr<Engine::cChannel> m_mining_sound;
     Float m_loading_bay_angle = 0.0f;  ///< on the ring, radians
     Int m_cargo_levels_amount = 0;
-    std::map<String, Vector2> m_men_offsets;
+    std::map<String, sWorkplace> m_men_offsets;
     Bool m_button_alarm = false;
     Float m_button_alarm_time = 0.0f;  ///< seconds
 

@@ -12,8 +12,7 @@
 #include "Game/CommonUI/TimedEffect.h"
 #include "Game/GameLogic/UpgradeButton.h"
 #include "Game/GameLogic/WayPoint.h"
-#include "Game/GameLogic/goals/GoalsList.h"
-#include "Game/GameLogic/goals/UpgradeGoal.h"
+#include "Game/GameLogic/goals/Goal.h"
 #include "Game/GameLogic/men/Man.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/GameUI/Tactic/Utils.h"
@@ -30,7 +29,7 @@ constexpr char possible_effect[] = "Effects/UpAvailEffect.xml";
 
 cUpgradableBuilding::cUpgradableBuilding(cView* parent)
     : cBuilding(parent),
-      m_upgrade_button(new cUpgradeButton(this)),
+      m_upgrade_button(new cUpgradeButton(*this)),
       m_upgrade_tick(new cPicture(this)),
       m_bomb(new cPicture(this)),
       m_bomb_progress(new cProgressFloatExt(this)) {
@@ -49,6 +48,7 @@ void cUpgradableBuilding::loadXML(const iXML* xml) {
     loadChild(*m_bomb_progress, xml, "BombProgress");
     for (cControl* part : std::initializer_list<cControl*>{m_upgrade_button, m_upgrade_tick, m_bomb, m_bomb_progress})
         part->hide();
+    m_bomb_bar_offset = m_bomb_progress->getPosition() - m_bomb->getPosition();
     createUpgradeEffect(this);
 }
 
@@ -72,14 +72,28 @@ void cUpgradableBuilding::loadBinState(iArch& arch) {
 }
 
 void cUpgradableBuilding::setInitState() {
+    ENGINE_MARK;
+    requireLevel();
     cBuilding::setInitState();
     loadUpgradeMask();
     setOnClick([](cView* building) { static_cast<cUpgradableBuilding*>(building)->onBuildingClick(); });
 }
 
+/// A level is also a number of men and of goals: none is taken unseen. A bridge ends one above its table.
+void cUpgradableBuilding::requireLevel() const {
+    const Int highest = std::max(static_cast<Int>(getUpgrades().size()), highest_planned_level);
+    if (getLevel() < 0 || getLevel() > highest)
+        throw String("cUpgradableBuilding::setInitState(): no level ") + std::to_string(getLevel());
+}
+
 void cUpgradableBuilding::takeRowCapacity() {
     if (const cUpgrade* row = getUpgradeRow())
         setCapacity(row->capacity);
+}
+
+void cUpgradableBuilding::dropExcess() {
+    if (getUpgradeState() == idle && cBuilding::getCargo().total(false) > getCapacity())
+        stealResourceItems(cBuilding::getCargo().total(false) - getCapacity());
 }
 
 // Its order ----------------------------------------------------------------------------------------------------------
@@ -95,25 +109,11 @@ Bool cUpgradableBuilding::isUpgradeAllowed() {
 
 Bool cUpgradableBuilding::createUpgradeGoals() {
     ENGINE_MARK;
-    const Long transaction = beginOrder();
-    flyPrice(cControl::getPosition(), {0.0f, 1.0f});
     std::vector<cBuilding*> providers;
     getMap().getSortedResourceProviders(providers, getUnderPoint());
-    const Bool must_wait =
-        createDeliveryGoals(providers,
-                            "cUpgradableBuilding::createUpgradeGoals(): there are not enough resources on the level to "
-                            "upgrade unit");
-    if (must_wait)
-        setUpgradeState(waitingForResources);
-    else
-        startUpgrade();
-    cUpgradableUnit::createUpgradeGoals();
-    for (Int i = 0; i < getNeededMen(goalUpgrade); ++i) {
-        auto goal = std::make_shared<cUpgradeGoal>();
-        goal->setDst(getUnderPoint());
-        goal->setTransactionId(transaction);
-        getMap().getGoals()->addGoal(std::move(goal));
-    }
+    orderUpgrade(
+        providers, cControl::getPosition(), {0.0f, 1.0f},
+        "cUpgradableBuilding::createUpgradeGoals(): there are not enough resources on the level to upgrade unit");
     showUpgradeButton();
     return true;
 }
@@ -162,11 +162,6 @@ void cUpgradableBuilding::damage() {
 
 // The player's hand --------------------------------------------------------------------------------------------------
 
-void cUpgradableBuilding::hovered() {
-    cBuilding::hovered();
-    m_upgrade_marked = false;  // he has seen it
-}
-
 void cUpgradableBuilding::buildingClicked() {
     ENGINE_MARK;
     if (!cBuilding::isPlayerConnected() || getLevel() != 0 || getUpgradeState() != idle)
@@ -206,7 +201,7 @@ void cUpgradableBuilding::plantBomb(const Vector2& pos, Float time) {
     m_bomb->setPosition(pos);
     m_bomb->setAnimTime(0.0f);
     m_bomb->show();
-    m_bomb_progress->setPosition(pos);
+    m_bomb_progress->setPosition(pos + m_bomb_bar_offset);
     m_bomb_progress->setProgressMaxValue(time);
     m_bomb_progress->setProgressCurrentValue(time);
     m_bomb_progress->progressChanged();
@@ -253,10 +248,17 @@ const cControl& cUpgradableBuilding::getUpgradeButton() const {
     return *m_upgrade_button;
 }
 
+/// A level without a mask of its own keeps the one that there was.
 void cUpgradableBuilding::loadUpgradeMask() {
     const cUpgrade* row = getUpgradeRow();
-    if (row && !row->texture_mask.empty())
-        loadMask(row->texture_mask);
+    if (!row || row->texture_mask.empty())
+        return;
+    loadMask(row->texture_mask);
+    m_mask_offset = row->mask_offset;
+}
+
+Bool cUpgradableBuilding::pointInRect(const Vector2& point) const {
+    return cBuilding::pointInRect(point - m_mask_offset);
 }
 
 Bool cUpgradableBuilding::isUpgradeOffered() const {
@@ -285,13 +287,19 @@ void cUpgradableBuilding::updateView(Bool hide) {
         return;
     }
     showUpgradeButton();
-    if (!m_upgrade_marked || getUpgradeState() != idle || getMap().isLocked() || !isUpgradeAllowed())
-        return;
+    if (m_upgrade_marked && getUpgradeState() == idle && !getMap().isLocked() && isUpgradeAllowed())
+        markUpgrade();
+}
+
+/// Once for each level: on the site, or on the button.
+void cUpgradableBuilding::markUpgrade() {
     m_upgrade_marked = false;
     if (getLevel() == 0)
-        cNewControlEffect::play(this, *this, possible_effect);
-    else if (m_upgrade_button->isShow())
-        cNewControlEffect::play(this, *m_upgrade_button, possible_effect);
+        return cNewControlEffect::play(this, *this, possible_effect, getHeightOffset());
+    if (!m_upgrade_button->isShow())
+        return;
+    cNewControlEffect::play(this, *m_upgrade_button, possible_effect);
+    m_upgrade_button->setOscillating(true);
 }
 
 void cUpgradableBuilding::updateInfoTipCargo(sInfoTip& info) {

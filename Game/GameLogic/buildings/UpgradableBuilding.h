@@ -22,10 +22,11 @@ public:
     void loadXmlState(const Engine::iXML* xml) override;
     void saveBinState(Engine::iArch& arch) override;
     void loadBinState(Engine::iArch& arch) override;
+    /// Throws "cUpgradableBuilding::setInitState(): no level <level>" for one below 0 or above its table and 5.
     void setInitState() override;
     void process() override;
     void updateView(Bool hide) override;
-    void hovered() override;
+    Bool pointInRect(const Vector2& point) const override;
     void damage() override;
     void clearWorkingMen() override { clearUpgradeMen(); }
     /// "wait_state_upgrade_" and the level.
@@ -47,28 +48,35 @@ public:
     virtual Int getUpgradePlanId(Int level) const = 0;
     virtual Bool upgradePlanWasBought() const;  ///< that for the next level, if it needs one
 
-    void plantBomb(const Vector2& pos, Float time);  ///< it goes off after so many seconds
+    /// @param pos  on the screen
+    /// It goes off after so many seconds. Its bar is as far from it as the file's "BombProgress" is from "Bomb".
+    void plantBomb(const Vector2& pos, Float time);
     void explodeBomb();
     Bool hasBomb() const { return m_has_bomb; }
     const Engine::cControl& getUpgradeButton() const;
 
 protected:
+    static constexpr Int highest_planned_level = 5;
+
     /// The first click on a site.
     void buildingClicked();
     void takeRowCapacity();  ///< its store is as large as the level says
+    void dropExcess();       ///< what no longer fits into one that has fallen is gone
     Int takeOwnGoods(Int type, Int amount) override { return removeResourceItems(type, amount); }
     virtual void onBuildingClick() { buildingClicked(); }
     virtual void onUpgradeClick();
 
     /// The plan of the first of five levels, for classes whose levels 1 to 5 have plans in a row.
     static Int getPlanInRow(Int first_plan, Int level) {
-        return level >= 1 && level <= 5 ? first_plan + level - 1 : -1;
+        return level >= 1 && level <= highest_planned_level ? first_plan + level - 1 : -1;
     }
 
 private:
+    void requireLevel() const;
     Bool isUpgradeOffered() const;
     void loadUpgradeMask();
     void showUpgradeButton();
+    void markUpgrade();
     void processBomb();
 
     // Children of this view
@@ -76,6 +84,8 @@ private:
     Engine::cPicture* m_upgrade_tick;
     Engine::cPicture* m_bomb;
     Engine::cProgressFloat* m_bomb_progress;
+    Vector2 m_bomb_bar_offset{0.0f, 0.0f};  ///< from the bomb, units
+    Vector2 m_mask_offset{0.0f, 0.0f};      ///< of the hit mask, units
     Bool m_has_bomb = false;
     Float m_bomb_time = 0.0f;      ///< seconds
     Int m_wrong_clicks = 0;        ///< for want of a plan

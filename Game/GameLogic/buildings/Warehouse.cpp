@@ -37,6 +37,12 @@ void cWarehouse::setInitState() {
     updateGoodsVisualState();
 }
 
+void cWarehouse::process() {
+    cUpgradableBuilding::process();
+    if (m_goods->getScale() != getScale())
+        m_goods->setScale(getScale());
+}
+
 Bool cWarehouse::hasFreeSpace() const {
     const cUpgrade* row = getUpgradeRow();
     return row && row->capacity - getCargo().total(false) > 0;
@@ -49,11 +55,9 @@ void cWarehouse::upgrade() {
     getMap().updateGlobalResources(true);
 }
 
-/// Of one that has fallen, what no longer fits is gone.
 void cWarehouse::finishUpgrade() {
     ENGINE_MARK;
-    if (getUpgradeState() == idle && getCargo().total(false) > getCapacity())
-        stealResourceItems(getCargo().total(false) - getCapacity());
+    dropExcess();
     cUpgradableBuilding::finishUpgrade();
 }
 

@@ -12,6 +12,7 @@ public:
     void loadXML(const Engine::iXML* xml) override;
     void loadXmlState(const Engine::iXML* xml) override;
     void setInitState() override;
+    void process() override;  ///< its goods pulse with it
     void updateView(Bool hide) override;
     Int getType() const override { return objectWarehouse; }
     Int getUpgradePlanId(Int level) const override { return getPlanInRow(21, level); }

@@ -221,7 +221,8 @@ Bool cFence::pointInRect(const Vector2& point) const {
     return std::any_of(m_tiles.begin(), m_tiles.end(), [&point, below_foot](const cOverlayButton* tile) {
         const Vector2 half = tile->getSize() * 0.5f;
         const Vector2 way = point - tile->getPosition();
-        return std::abs(way.x) <= half.x && way.y >= -half.y && way.y <= std::min(half.y, below_foot);
+        const Float y = way.y - tile->getSkew() * way.x / tile->getSize().x;
+        return std::abs(way.x) <= half.x && y >= -half.y && y <= std::min(half.y, below_foot);
     });
 }
 
@@ -246,6 +247,7 @@ void cFence::deleteTiles() {
 cOverlayButton* cFence::createTile(const Vector2& place, const cOverlayButton& proto) {
     auto* tile = new cOverlayButton(proto);
     tile->setPosition(place);
+    lean(*tile, proto.getSize().x);
     tile->setDeep(getDeepAt(place, proto));
     tile->show();
     return tile;
@@ -260,25 +262,30 @@ void cFence::createTower(Int end) {
     m_towers.push_back(tower);
 }
 
-void cFence::create2DTiles(const cOverlayButton& proto, Float width) {
-    for (const Vector2& place : layPieces(width, getGap(getP0()), getGap(getP1())))
+/// A piece goes along with its line: one that runs up the screen is seen from its side, as broad as its posts.
+void cFence::lean(cOverlayButton& tile, Float width) const {
+    constexpr Float least_part = 0.4f;  ///< of its width
+    const Vector2 way = getEndPos(getP1()) - getEndPos(getP0());
+    const Vector2 part = way / std::max(glm::length(way), 1.0f) * (way.x < 0.0f ? -1.0f : 1.0f);
+    tile.setSize({width * std::max(part.x, least_part), tile.getSize().y});
+    tile.setSkew(width * part.y);
+}
+
+void cFence::create2DTiles(const cOverlayButton& proto) {
+    for (const Vector2& place : layPieces(proto.getSize().x, getGap(getP0()), getGap(getP1())))
         m_tiles.push_back(createTile(place, proto));
 }
 
 void cFence::buildFencePlace() {
     deleteTiles();
     m_shows_site = true;
-    create2DTiles(*m_tile_place, m_tile_place->getSize().x);
+    create2DTiles(*m_tile_place);
 }
 
 void cFence::build() {
     deleteTiles();
     m_shows_site = false;
-    // Seen from the side the pieces of a line that runs up the screen stand closer.
-    constexpr Float closest = 0.5f;
-    const Vector2 way = getEndPos(getP1()) - getEndPos(getP0());
-    const Float steepness = std::abs(way.y) / std::max(glm::length(way), 1.0f);
-    create2DTiles(*m_tile_fence, m_tile_fence->getSize().x * (1.0f - (1.0f - closest) * steepness));
+    create2DTiles(*m_tile_fence);
     for (const Int end : {getP0(), getP1()}) {
         if (getGateKind(end) == 1)
             createTower(end);

@@ -15,9 +15,9 @@ class cWayPoint;
 
 /// A fence of either side on an arc. Standing, it closes the arc and both its ends to the other side.
 ///
-/// It is seen as tiles that stand upright side by side, with the foot of each in the middle of its picture; a tower
-/// stands at an end where no other fence goes on, and the line stops short of a gate. While men build it, its tiles
-/// rise out of the ground in dust.
+/// It is seen as tiles that stand upright side by side and lean along their line, with the foot of each in the middle
+/// of its picture; a tower stands at an end where no other fence goes on, and the line stops short of a gate. While men
+/// build it, its tiles rise out of the ground in dust.
 class cFence : public cBarrier {
 public:
     explicit cFence(Engine::cView* parent);
@@ -60,9 +60,10 @@ protected:
 private:
     virtual Engine::cOverlayButton* createTile(const Vector2& place, const Engine::cOverlayButton& proto);
     virtual void createTower(Int end);
-    virtual void create2DTiles(const Engine::cOverlayButton& proto, Float width);
+    virtual void create2DTiles(const Engine::cOverlayButton& proto);
     virtual void buildFencePlace();
     virtual void build();
+    void lean(Engine::cOverlayButton& tile, Float width) const;
     void deleteTiles();
     void updateTiles();
     void updateWayPoints();
@@ -110,6 +111,7 @@ public:
     /// Throws "cPlayerFence::createUpgradeGoals(): there are not enough resources on the level to build fence".
     Bool createUpgradeGoals() override;
     std::shared_ptr<cDeliveryGoal> getNewDeliveryGoal() override;
+    std::shared_ptr<cGoal> getNewBuilderGoal() override;
     void addMan(cMan* man) override;
     void upgrade() override;
     void finishUpgrade() override;  ///< of the whole run, if it is not built by then

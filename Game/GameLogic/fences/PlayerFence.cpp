@@ -9,7 +9,6 @@
 #include "Game/GameLogic/fences/FencePlan.h"
 #include "Game/GameLogic/goals/BuildRoadGoal.h"
 #include "Game/GameLogic/goals/DeliveryGoal.h"
-#include "Game/GameLogic/goals/GoalsList.h"
 #include "Game/GameLogic/men/Man.h"
 #include "Game/GameLogic/roads/DraggedRoad.h"
 #include "Game/GameLogic/roads/RoadPlan.h"
@@ -80,26 +79,17 @@ Bool cPlayerFence::createUpgradeGoals() {
     getMap().getSortedResourceProviders(providers, getUnderPoint());
     if (providers.empty())
         return false;
-    const Long transaction = beginOrder();
-    flyPrice(getEndPos(getP0()), {1.0f, 0.0f});
-    const Bool must_wait = createDeliveryGoals(
-        providers, "cPlayerFence::createUpgradeGoals(): there are not enough resources on the level to build fence");
-    if (must_wait)
-        setUpgradeState(waitingForResources);
-    else
-        startUpgrade();
-    cUpgradableUnit::createUpgradeGoals();
-    for (Int i = 0; i < getNeededMen(goalUpgrade); ++i) {
-        auto goal = std::make_shared<cBuildFenceGoal>(getP0(), this);
-        goal->setTransactionId(transaction);
-        getMap().getGoals()->addGoal(std::move(goal));
-    }
-    showProgress(0.0f, getUpgradeTime());
+    orderUpgrade(providers, getEndPos(getP0()), {1.0f, 0.0f},
+                 "cPlayerFence::createUpgradeGoals(): there are not enough resources on the level to build fence");
     return true;
 }
 
 std::shared_ptr<cDeliveryGoal> cPlayerFence::getNewDeliveryGoal() {
     return std::make_shared<cDeliveryRoadGoal>(-1, getP0(), -1, this, goalDeliveryFence);
+}
+
+std::shared_ptr<cGoal> cPlayerFence::getNewBuilderGoal() {
+    return std::make_shared<cBuildFenceGoal>(getP0(), this);
 }
 
 void cPlayerFence::addMan(cMan* man) {

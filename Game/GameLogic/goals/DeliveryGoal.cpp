@@ -23,8 +23,7 @@ Bool cDeliveryGoal::assign(cMan* man) {
         return false;
     }
     setMan(man);
-    if (getCargoType() == resourceMoney)
-        man->setCapacity(getIndex());
+    man->setCapacity(getIndex());  // however much he takes at once else: the rest is promised to other goals
     man->walkTo(getSrc(), goesToSrc());
     return true;
 }

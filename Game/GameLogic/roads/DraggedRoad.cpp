@@ -20,14 +20,12 @@ void cDraggedRoad::setEnd(const Vector2& pos) {
 void cDraggedRoad::updateView(Bool hide) {
     if (getP0() == -1 || hide)
         return this->hide();
-    deleteTiles();
     createTiles(m_start, m_end, getRoadColor(), false);
     show();
 }
 
 void cDraggedRoad::destroyMe() {
     ENGINE_MARK;
-    deleteTiles();
     getMap().unRegisterControl(this);
     hide();
     disable();

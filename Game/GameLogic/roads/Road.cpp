@@ -126,46 +126,63 @@ void cRoad::updateView(Bool hide) {
     show();
 }
 
+/// Where tiles lie, and how, between the two ends of their row.
+struct cRoad::sTileRow {
+    Vector2 start;      ///< on the screen
+    Vector2 direction;  ///< of length 1
+    Float length;       ///< units
+    Float width;        ///< of a tile, units
+    Float angle;        ///< radians
+    cProgressFloat::eSide cut_side;
+    DXColor color;
+};
+
 void cRoad::createTiles(const Vector2& from, const Vector2& to, const DXColor& color, Bool reverse) {
-    const Vector2 start = getMap().toScreen(from);
     const Vector2 way = to - from;
     const Float length = glm::length(way);
     const Float width = m_tile_template->getSize().x;
     m_tiles_built = true;
     if (!(length > least_length) || !(width > 0.0f))
-        return;
+        return deleteTiles();
     const Vector2 direction = way / length;
     // Controls turn against the clock; a tile that would stand on its head is turned round and filled from its end.
     Float angle = std::acos(std::clamp(direction.x, -1.0f, 1.0f)) * (direction.y > 0.0f ? -1.0f : 1.0f);
     const Bool turned = std::abs(angle) > std::numbers::pi_v<Float> * 0.5f;
     if (turned)
         angle += std::numbers::pi_v<Float>;
-    const auto count = static_cast<std::size_t>(std::min(most_tiles, std::ceil(length / width)));
-    for (std::size_t i = 0; i < count; ++i) {
-        auto* tile = new cProgressFloat(*m_tile_template);
-        const Float begin = width * static_cast<Float>(i);
-        tile->setColor(color);
-        tile->setAngle(angle);
-        tile->setProgressMaxValue(width);
-        tile->setProgressCurrentValue(std::min(width, length - begin));
-        tile->setSide(turned != reverse ? cProgressFloat::cutLeft : cProgressFloat::cutRight);
-        tile->setPosition(start + direction * (begin + width * 0.5f));
-        tile->progressChanged();
-        tile->show();
-        m_tiles.push_back(tile);
+    const auto side = turned != reverse ? cProgressFloat::cutLeft : cProgressFloat::cutRight;
+    const sTileRow row{getMap().toScreen(from), direction, length, width, angle, side, color};
+    setTileCount(static_cast<std::size_t>(std::min(most_tiles, std::ceil(length / width))));
+    for (std::size_t i = 0; i < m_tiles.size(); ++i)
+        layTile(*m_tiles[i], row, width * static_cast<Float>(i));
+}
+
+void cRoad::layTile(cProgressFloat& tile, const sTileRow& row, Float begin) const {
+    tile.setColor(row.color);
+    tile.setAngle(row.angle);
+    tile.setProgressMaxValue(row.width);
+    tile.setProgressCurrentValue(std::min(row.width, row.length - begin));
+    tile.setSide(row.cut_side);
+    tile.setPosition(row.start + row.direction * (begin + row.width * 0.5f));
+    tile.progressChanged();
+    tile.show();
+}
+
+void cRoad::setTileCount(std::size_t count) {
+    while (m_tiles.size() < count)
+        m_tiles.push_back(new cProgressFloat(*m_tile_template));
+    while (m_tiles.size() > count) {
+        m_tiles.back()->hide();
+        discard(static_cast<cView*>(m_tiles.back()), here());
+        m_tiles.pop_back();
     }
 }
 
 void cRoad::deleteTiles() {
-    for (cProgressFloat* tile : m_tiles) {
-        tile->hide();
-        discard(static_cast<cView*>(tile), here());
-    }
-    m_tiles.clear();
+    setTileCount(0);
 }
 
 void cRoad::buildProcess(Float fraction) {
-    deleteTiles();
     const Vector2 from = getRoadPointPos(getP0());
     createTiles(from, from + (getRoadPointPos(getP1()) - from) * fraction, getRoadColor(), false);
 }

@@ -33,7 +33,8 @@ public:
     void destroyMe() override;
 
     virtual DXColor getRoadColor() const;
-    /// Lays the tiles between two points of the map; none on less than 0.0001 units.
+    /// Lays the tiles between two points of the map; none on less than 0.0001 units. Those that lie there are laid
+    /// anew, so that a stretch which grows or moves makes one only where it gets longer by one.
     /// @param reverse  the tiles are filled from their other end
     virtual void createTiles(const Vector2& from, const Vector2& to, const DXColor& color, Bool reverse);
 
@@ -51,6 +52,11 @@ protected:
     void setUpRoadBase();
 
 private:
+    struct sTileRow;
+
+    void setTileCount(std::size_t count);
+    void layTile(Engine::cProgressFloat& tile, const sTileRow& row, Float begin) const;
+
     Engine::cProgressFloat* m_tile_template;       ///< a child of this view
     std::vector<Engine::cProgressFloat*> m_tiles;  ///< from the road's start; children of this view
     Bool m_tiles_built = false;

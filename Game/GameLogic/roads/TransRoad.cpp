@@ -25,6 +25,8 @@ void cTransRoad::loadXML(const iXML* xml) {
     readKey(*xml, u"alfa_param", m_alfa_param);
     readKey(*xml, u"disabled_color", m_disabled_color);
     loadProgress(xml, this);
+    if (const cProgressFloat* bar = getProgressBar())
+        m_progress_offset = bar->getPosition() - cControl::getPosition();
 }
 
 DXColor cTransRoad::getRoadColor() const {
@@ -104,17 +106,23 @@ void cTransRoad::buildSolid() {
     map.setArcType(getP0(), getP1(), ARC_PLAYER_ROAD);
 }
 
-/// The next stretch does not depend on this one: men get there over the land too.
-void cTransRoad::finishUpgrade() {
-    ENGINE_MARK;
+/// Built or called off, those beside it close up. It is then the next one's turn, unless another is still before it;
+/// men get there over the land too.
+void cTransRoad::leaveChain() {
     if (m_next) {
-        m_next->setStarted(true);
-        m_next->m_prev = nullptr;
+        m_next->m_prev = m_prev;
+        if (!m_prev)
+            m_next->setStarted(true);
     }
     if (m_prev)
         m_prev->m_next = m_next;
     m_next = nullptr;
     m_prev = nullptr;
+}
+
+void cTransRoad::finishUpgrade() {
+    ENGINE_MARK;
+    leaveChain();
     cUpgradableUnit::finishUpgrade();
     cTacticMap& map = getMap();
     if (map.getPoint(getP0()).getArcType(getP1()) == ARC_ROAD_IN_PROGRESS)
@@ -131,9 +139,8 @@ void cTransRoad::callOff() {
 
 void cTransRoad::destroyMe() {
     ENGINE_MARK;
-    setBullet(nullptr);
-    m_next = nullptr;
-    m_prev = nullptr;
+    aTarget::destroyMe();
+    leaveChain();
     forgetGoals();
     getMap().unRegisterControl(this);
     hide();
@@ -143,9 +150,7 @@ void cTransRoad::destroyMe() {
 }
 
 void cTransRoad::showProgress(Float cur, Float max) {
-    if (cProgressFloat* bar = getProgressBar()) {
-        const Vector2 offset = bar->getPosition() - getPosition();
-        bar->setPosition(getMap().toScreen(getMap().getPoint(getP1()).pos) + offset);
-    }
+    if (cProgressFloat* bar = getProgressBar())
+        bar->setPosition(getMap().toScreen(getMap().getPoint(getP1()).pos) + m_progress_offset);
     cUpgradableUnit::showProgress(cur, max);
 }

@@ -52,7 +52,9 @@ public:
 
 private:
     void buildSolid();
+    void leaveChain();
 
+    Vector2 m_progress_offset{0.0f, 0.0f};  ///< of the bar from the point that the stretch leads to
     Float m_alfa_param = 1.0f;
     DXColor m_disabled_color{1.0f, 1.0f, 1.0f, 1.0f};
     Bool m_allowed = true;

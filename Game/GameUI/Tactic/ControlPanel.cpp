@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <string>
 
 #include "Engine/Ui/LoadView.h"
@@ -98,19 +97,25 @@ void cControlPanel::setCatapultCost(const sResourceCargo& cost) {
     m_catapult_button->setCost(cost);
 }
 
-// What is seen -------------------------------------------------------------------------------------------------------
-
-Bool cControlPanel::isAffordable(const sResourceCargo& cost) const {
-    const std::array<Int, resource_count> stock = cTacticMap::getInstance()->getStock();
-    return std::equal(cost.amounts.begin(), cost.amounts.end(), stock.begin(), std::less_equal<>());
+void cControlPanel::setIdolAllowed(Bool allowed) {
+    m_idol_allowed = allowed;
+    m_idol_button->setPlanned(allowed);
 }
+
+void cControlPanel::setCatapultAllowed(Bool allowed) {
+    m_catapult_allowed = allowed;
+    m_catapult_button->setPlanned(allowed);
+}
+
+// What is seen -------------------------------------------------------------------------------------------------------
 
 void cControlPanel::updateView() {
     ENGINE_MARK;
     setShown(*m_go_back_button, m_back_allowed);
-    updateButton(*m_man_button, true, m_man_allowed);
-    updateButton(*m_idol_button, m_idol_allowed, isAffordable(m_idol_button->getCost()));
-    updateButton(*m_catapult_button, m_catapult_allowed, isAffordable(m_catapult_button->getCost()));
+    updateButton(*m_man_button, m_man_allowed);
+    const sResourceCargo& stock = cTacticMap::getInstance()->getGlobalCargo(false);
+    updateButton(*m_idol_button, m_idol_allowed && stock.covers(m_idol_button->getCost()));
+    updateButton(*m_catapult_button, m_catapult_allowed && stock.covers(m_catapult_button->getCost()));
     m_resources->show();
     m_capacity->show();
     String text = std::to_string(m_men);
@@ -120,13 +125,12 @@ void cControlPanel::updateView() {
     m_men_text->show();
 }
 
-void cControlPanel::updateButton(cPanelBuyButton& button, Bool is_there, Bool can_be_bought) {
-    setShown(button, is_there);
-    const Bool can_now = is_there && can_be_bought;
-    if (can_now != button.canBeBought()) {
-        button.setCanBeBought(can_now);
-        button.setOscillating(can_now);
-        if (can_now && button.isShown())
+void cControlPanel::updateButton(cPanelBuyButton& button, Bool can_be_bought) {
+    setShown(button, true);
+    if (can_be_bought != button.canBeBought()) {
+        button.setCanBeBought(can_be_bought);
+        button.setOscillating(can_be_bought);
+        if (can_be_bought && button.isShown())
             cNewControlEffect::play(this, button, "Effects/UpAvailEffect.xml");
     }
     button.updateTipData();

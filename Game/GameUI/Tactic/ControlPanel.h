@@ -42,9 +42,9 @@ public:
     void setIdolCost(const sResourceCargo& cost);
     void setCatapultCost(const sResourceCargo& cost);
     void setManAllowed(Bool allowed) { m_man_allowed = allowed; }
-    /// Does the player own the plan? Without it there is no button.
-    void setIdolAllowed(Bool allowed) { m_idol_allowed = allowed; }
-    void setCatapultAllowed(Bool allowed) { m_catapult_allowed = allowed; }
+    /// Does the player own the plan? Without it the button looks disabled, and its tip tells why.
+    void setIdolAllowed(Bool allowed);
+    void setCatapultAllowed(Bool allowed);
     /// Is there a level before this one? Without it there is no way back.
     void setBackAllowed(Bool allowed) { m_back_allowed = allowed; }
     Int getMen() const { return m_men; }
@@ -73,8 +73,7 @@ private:
     static void onIdolClick(Engine::cView* view);
     static void onCatapultClick(Engine::cView* view);
 
-    Bool isAffordable(const sResourceCargo& cost) const;
-    void updateButton(cPanelBuyButton& button, Bool is_there, Bool can_be_bought);
+    void updateButton(cPanelBuyButton& button, Bool can_be_bought);
 
     // Children of this view
     cPriceList* m_resources;

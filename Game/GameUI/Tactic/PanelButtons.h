@@ -6,6 +6,7 @@
 #include "Game/CommonUI/ScaleOscillator.h"
 #include "Game/CommonUI/Tips.h"
 #include "Game/GameLogic/ResourceCargo.h"
+#include "Game/Ui/GameStrings.h"
 
 /// A button of the control panel that buys something: its tip tells the price beside what the player has.
 ///
@@ -16,6 +17,9 @@ public:
 
     void updateInfoTipCargo(sInfoTip&) override {}
     void updateInfoTipPrice(sInfoTip& info) override {
+        info.text = getGameString(m_is_planned ? "costs" : "buy_plan");
+        if (!m_is_planned)
+            return;
         info.cargo = m_cost.amounts;
         info.compare_global = true;
     }
@@ -23,8 +27,11 @@ public:
     const sResourceCargo& getCost() const { return m_cost; }
     void setCost(const sResourceCargo& cost) { m_cost = cost; }
 
+    void setPlanned(Bool planned) { m_is_planned = planned; }  ///< without its plan it tells where to get that
+
 private:
     sResourceCargo m_cost;
+    Bool m_is_planned = true;
 };
 
 class cTutuorialManButton : public cPanelBuyButton {

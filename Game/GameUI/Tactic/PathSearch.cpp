@@ -383,24 +383,64 @@ Bool cPathSearch::collectGuidedPath(UInt src, UInt dst, const sCosts& costs, PAT
     return true;
 }
 
+cPathSearch::sRules cPathSearch::makeRules(const sWalkRules& rules) {
+    sRules res{.costs = {.refused_arcs = walled, .plain_arcs = paved}};
+    if (rules.use_gates)
+        res.refused_points |= rules.for_player ? pointEnemyFence : pointPlayerFence;
+    if (rules.for_player) {
+        res.refused_points |= pointEnemyObject;
+        res.costs.refused_arcs |= arcBits({ARC_ENEMY_ROAD});
+    } else if (rules.avoid_idols) {
+        res.refused_points |= pointIdol;
+    }
+    if (rules.cross_country > 0.0f)
+        res.costs.cross_country = rules.cross_country;
+    else
+        res.costs.refused_arcs |= ~paved;
+    return res;
+}
+
 Bool cPathSearch::getBestPath(Int src, Int dst, PATH_HOLDER& path, const sWalkRules& rules) {
     path.clear();
     if (rules.for_player && hasPointFlag(src, pointEnemyObject))
         return false;
-    sRules found_rules{.costs = {.refused_arcs = walled, .plain_arcs = paved}};
-    if (rules.use_gates)
-        found_rules.refused_points |= rules.for_player ? pointEnemyFence : pointPlayerFence;
-    if (rules.for_player) {
-        found_rules.refused_points |= pointEnemyObject;
-        found_rules.costs.refused_arcs |= arcBits({ARC_ENEMY_ROAD});
-    } else if (rules.avoid_idols) {
-        found_rules.refused_points |= pointIdol;
+    return findWay(src, dst, makeRules(rules), path);
+}
+
+/// Goes from the destination backwards. What a walker may not enter he may still come from, but nobody gets through it.
+Bool cPathSearch::measureWaysTo(Int dst, const sWalkRules& walk_rules) {
+    if (!m_has_twins)
+        return false;
+    const sRules rules = makeRules(walk_rules);
+    const UInt no_start = walk_rules.for_player ? pointEnemyObject : 0;
+    startRound(static_cast<UInt>(dst));
+    if (m_points[toPlace(dst)].flags & no_start) {
+        reach(m_points[toPlace(dst)], no_way);
+        return true;
     }
-    if (rules.cross_country > 0.0f)
-        found_rules.costs.cross_country = rules.cross_country;
-    else
-        found_rules.costs.refused_arcs |= ~paved;
-    return findWay(src, dst, found_rules, path);
+    cQueue open(m_open);
+    open.push(0.0f, static_cast<UInt>(dst));
+    while (!open.isEmpty()) {
+        const std::uint64_t entry = open.pop();
+        const sPoint& point = m_points[cQueue::getPoint(entry)];
+        if (cQueue::getLength(entry) != point.dist || (point.flags & rules.refused_points))
+            continue;
+        for (UInt i = point.first_arc; i < point.arc_end; ++i) {
+            const sArc& arc = m_arcs[i];  // its twin is the one that is walked
+            sPoint& before = m_points[arc.to];
+            const Float alt = point.dist + rules.costs.get(arc);
+            if (!(alt < getDistance(before)) || (before.flags & no_start))
+                continue;
+            reach(before, alt);
+            open.push(alt, arc.to);
+        }
+    }
+    return true;
+}
+
+/// Each arc of a way adds one rounding, of half an epsilon, from either end.
+Float cPathSearch::getRounding(Float distance) const {
+    return distance * static_cast<Float>(m_points.size() + 8) * std::numeric_limits<Float>::epsilon();
 }
 
 Bool cPathSearch::getBestPathForDraggedRoad(Int src, Int dst, PATH_HOLDER& path) {

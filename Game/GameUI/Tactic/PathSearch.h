@@ -63,6 +63,12 @@ public:
     /// for all. On roads, bridge roads of the player and inside buildings an arc costs its length, elsewhere its length
     /// divided by cross_country.
     Bool getBestPath(Int src, Int dst, PATH_HOLDER& path, const sWalkRules& rules);
+    /// How far it is to one destination from all points, in one search: getDistance() then gives for each start what
+    /// getBestPath() from there would find, to within getRounding(). False, and nothing is known, on a graph with an
+    /// arc that is not alike in both directions.
+    Bool measureWaysTo(Int dst, const sWalkRules& rules);
+    /// The most by which the order of adding up may change a distance.
+    Float getRounding(Float distance) const;
     /// Where a road that is dragged from one point to another would run: by length alone, not through closed gates,
     /// enemy objects, places of fences and of player bridge roads.
     Bool getBestPathForDraggedRoad(Int src, Int dst, PATH_HOLDER& path);
@@ -132,6 +138,7 @@ private:
     class cQueue;
     class cGuide;
 
+    static sRules makeRules(const sWalkRules& rules);
     static std::size_t toPlace(Int point) { return static_cast<std::size_t>(point); }
     Float getDistance(const sPoint& point) const { return point.round == m_round ? point.dist : no_way; }
     Bool areArcsTwins();

@@ -338,6 +338,8 @@ private:
     void processBirds();
     void processDispatch(Float step);
     cFriendMan* findManFor(cGoal& goal);
+    void measureMan(cFriendMan& man, Int target, PATH_HOLDER& path);
+    Bool settleCloseCalls(const std::vector<cFriendMan*>& men, Int target);
     void countUsedPoints();
     void discardObject(Engine::cView* view);
     template <class T>
@@ -376,6 +378,10 @@ private:
     Float m_free_point_capacity = 1.0f;
     Float m_building_point_capacity = 2.0f;
     std::vector<Float> m_men_on_points;
+
+    // Kept between dispatches, so that nothing is allocated
+    std::vector<cFriendMan*> m_candidates;
+    std::vector<cFriendMan*> m_close_men;  ///< whose order roundings might decide
 
     // Children of this view
     cControlPanel* m_control_panel;

@@ -92,9 +92,9 @@ void cTacticMap::processDispatch(Float step) {
 cFriendMan* cTacticMap::findManFor(cGoal& goal) {
     cLog* log = tacticLog();
     const Int point = goal.goesToSrc() ? goal.getSrc() : goal.getDst();
-    std::vector<cFriendMan*> men = m_free_men;
-    sortMenByDistance(men, point, false);
-    for (cFriendMan* man : men) {
+    m_candidates = m_free_men;
+    sortMenByDistance(m_candidates, point, false);
+    for (cFriendMan* man : m_candidates) {
         if (!(man->getDistance() < no_way)) {
             if (log)
                 log->printf(u"cTacticMap::process(): man %x hasn't path to destination point %d.", getLogId(man),

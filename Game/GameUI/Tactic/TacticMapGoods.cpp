@@ -96,7 +96,8 @@ Int cTacticMap::consumeResourcesFromLoadingMen(Int type, Int amount) {
 }
 
 void cTacticMap::addProduct(Int product_id, Int amount) {
-    cProfile::getInts()[getProductKey(product_id)] += amount;
+    Int& owned = cProfile::getInts()[getProductKey(product_id)];
+    owned = addUpTo(owned, amount);
     if (product_id >= first_plan && product_id <= last_plan)
         removeUpgrade(product_id);
 }

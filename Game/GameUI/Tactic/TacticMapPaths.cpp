@@ -41,8 +41,10 @@ Bool leavesNoPlace(const cLevelObject& building) {
 /// Nearest first or last; of equal ones the earlier made first.
 template <class T>
 void sortByDistance(std::vector<T*>& objects, Bool descending) {
-    std::stable_sort(objects.begin(), objects.end(), [descending](const T* a, const T* b) {
-        return descending ? a->getDistance() > b->getDistance() : a->getDistance() < b->getDistance();
+    std::sort(objects.begin(), objects.end(), [descending](const T* a, const T* b) {
+        if (a->getDistance() != b->getDistance())
+            return descending == (a->getDistance() > b->getDistance());
+        return a->getCreationNumber() < b->getCreationNumber();
     });
 }
 
@@ -287,13 +289,56 @@ void cTacticMap::getSortedResourceProviders(std::vector<cBuilding*>& buildings, 
     sortByDistance(buildings, false);
 }
 
+/// What one search backwards gives differs from a search of each man's own by roundings alone. Only where these might
+/// decide who is nearer, men are measured one by one.
 void cTacticMap::sortMenByDistance(std::vector<cFriendMan*>& men, Int src_point, Bool descending) {
+    cPathSearch& search = m_graph.getSearch();
     PATH_HOLDER path;
+    Bool is_measured = false;
+    Float speed = 0.0f;
     for (cFriendMan* man : men) {
-        const Bool found = getBestPathByRoads(man, man->getPoint(), src_point, path, true, true, false);
-        man->setDistance(found ? getPathLength(path) : no_way);
+        if (!is_measured || man->getCrossCountrySpeed() != speed) {
+            speed = man->getCrossCountrySpeed();
+            is_measured = search.measureWaysTo(src_point, {speed, true, true, false});
+        }
+        if (is_measured)
+            man->setDistance(search.getDistance(man->getPoint()));
+        else
+            measureMan(*man, src_point, path);
     }
     sortByDistance(men, descending);
+    if (is_measured && settleCloseCalls(men, src_point))
+        sortByDistance(men, descending);
+}
+
+void cTacticMap::measureMan(cFriendMan& man, Int target, PATH_HOLDER& path) {
+    const Bool found = getBestPathByRoads(&man, man.getPoint(), target, path, true, true, false);
+    man.setDistance(found ? getPathLength(path) : no_way);
+}
+
+/// Measures those anew, whole runs of them, who might change places in the list. False if there are none.
+Bool cTacticMap::settleCloseCalls(const std::vector<cFriendMan*>& men, Int target) {
+    const cPathSearch& search = m_graph.getSearch();
+    const auto go_alike = [](const cFriendMan& a, const cFriendMan& b) {
+        return a.getPoint() == b.getPoint() && a.getCrossCountrySpeed() == b.getCrossCountrySpeed();
+    };
+    const auto are_close = [&](const cFriendMan& a, const cFriendMan& b) {
+        const Float farther = std::max(a.getDistance(), b.getDistance());
+        return farther < no_way && std::abs(a.getDistance() - b.getDistance()) <= 2.0f * search.getRounding(farther);
+    };
+    m_close_men.clear();
+    for (std::size_t first = 0, next = 1; first < men.size(); first = next++) {
+        Bool is_open = false;
+        for (; next < men.size() && are_close(*men[next - 1], *men[next]); ++next)
+            is_open = is_open || !go_alike(*men[next - 1], *men[next]);
+        if (is_open)
+            m_close_men.insert(m_close_men.end(), men.begin() + static_cast<std::ptrdiff_t>(first),
+                               men.begin() + static_cast<std::ptrdiff_t>(next));
+    }
+    PATH_HOLDER path;
+    for (cFriendMan* man : m_close_men)
+        measureMan(*man, target, path);
+    return !m_close_men.empty();
 }
 
 void cTacticMap::sortMenByDistance(std::vector<cFriendMan*>& men, const Vector2& src_pos, Bool descending) {

@@ -26,9 +26,14 @@ public:
         Bool found = false;
         getChildren().walk([&](cView* child) {
             const auto* line = dynamic_cast<cTextLine*>(child);
-            found = found || (line && line->getText() == text);
+            found = found || (line && line->isShow() && line->getText() == text);
         });
         return found;
+    }
+    Int countLists() {
+        Int shown = 0;
+        getChildren().walk([&](cView* child) { shown += dynamic_cast<cPriceList*>(child) && child->isShow() ? 1 : 0; });
+        return shown;
     }
 
     sInfoTip cargo;
@@ -179,9 +184,50 @@ TEST_F(Tips, aClickOnAFullTipSendsItAwayOrTellsWhatIsLacking) {
     leave();
     program.frame();
     hover();
-    program.frame();
+    seconds(0.7f);
     EXPECT_FALSE(button->getTip().isInLackMode());
     EXPECT_TRUE(button->says(u"Price:"));
+}
+
+TEST_F(Tips, tellOfALackInEitherHalfAndNothingOfAHalfThatHasNothingToTell) {
+    auto* button = make<cTalkingButton>();
+    iTipWorld::set(&world);
+    button->price.men = 2;
+    hover();
+    seconds(1.0f);
+    EXPECT_EQ(button->countLists(), 1);
+    leave();
+    seconds(0.5f);
+
+    button->price = {};  // the list still holds its men
+    button->cargo.cargo = {0, 3, 0, 0, 0};
+    button->cargo.compare_global = true;
+    hover();
+    seconds(1.0f);
+    EXPECT_EQ(button->countLists(), 1);
+    EXPECT_FALSE(button->says(u"Price:"));
+    click();
+    EXPECT_TRUE(button->says(u"Not enough:"));
+    EXPECT_EQ(button->countLists(), 1);
+}
+
+TEST_F(Tips, doNotComeFromBelowWhatThePointerLiesOn) {
+    auto* below = make<cTips<cButton>>();
+    auto* above = make<cTips<cButton>>();
+    for (auto* button : {below, above})
+        button->setDeepProcessing(true);
+    above->setDeep(1.0f);
+    below->disable();
+    hover();
+    program.frames(2);
+    below->enable();
+    seconds(1.0f);
+    EXPECT_EQ(above->getTip().getAlpha(), 1.0f);
+    EXPECT_EQ(below->getTip().getAlpha(), 0.0f);
+    above->disable();
+    program.moveCursor(601, 100);
+    seconds(1.0f);
+    EXPECT_EQ(below->getTip().getAlpha(), 1.0f);
 }
 
 TEST(ScreenSide, theMiddleCountsAsLeftAndAbove) {

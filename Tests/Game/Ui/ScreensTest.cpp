@@ -380,6 +380,7 @@ TEST_F(GameMenu, helpTurnsItsPagesAndLeadsBack) {
     click(380, 300);
     EXPECT_TRUE(isDrawnAt(1, 1) && !isDrawnAt(2, 1));
     click(300, 300);
+    click(100, 460);  // again, while it still fades away
     settle();
     EXPECT_EQ(cHelp::getInstance(), nullptr);
     EXPECT_TRUE(cGameMenu::getInstance()->isShown() && cGameMenu::getInstance()->isEnabled());

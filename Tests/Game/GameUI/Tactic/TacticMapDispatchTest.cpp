@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Tests/Support/DispatchLevel.h"
 #include "Tests/Support/WalkingLevel.h"
 
 TEST(TacticMapDispatch, theOldestGoalGoesToTheNearestMan) {
@@ -99,4 +100,17 @@ TEST(TacticMapDispatch, theRightButtonFreesEverybodyWhoWorksAlone) {
     EXPECT_EQ(together.getGlobalGoal(), shared.get());
     EXPECT_EQ(waiting->cancelled, 1);
     EXPECT_TRUE(level.getMap().getGoals()->isEmpty());
+}
+
+TEST(TacticMapDispatch, asksMenInTheOrderThatOneSearchForEachWouldGive) {
+    cDispatchLevel level;
+    level.start(300, 150);
+    const auto goal = std::make_shared<cAskingGoal>(false);
+    level.getMap().getGoals()->addGoal(goal);
+    for (Int point = 0; point < level.getMap().getPointCount(); ++point) {
+        goal->setDst(point);
+        goal->asked.clear();
+        level.getMap().process();
+        ASSERT_EQ(goal->asked, level.sortByOneSearchAMan(point)) << "to point " << point;
+    }
 }
