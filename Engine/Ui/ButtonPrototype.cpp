@@ -114,8 +114,10 @@ void cButtonPrototype::onPressControl(cView* view) {
     if (!button->pointInRect(cursor()))
         return;
     if (!button->m_is_deep_processing)
-        button->clicked();
-    else if (m_deep_hovered == button)
+        return button->clicked();
+    if (m_deep_hovered != button)
+        button->mouseMoved();  // it may have let go of a pointer that has rested on it since
+    if (m_deep_hovered == button)
         m_deep_action = eDeepAction::click;
 }
 

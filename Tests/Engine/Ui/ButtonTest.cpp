@@ -100,6 +100,19 @@ TEST_F(Button, pressReleasedOutsideIsNoClick) {
     EXPECT_EQ(take(), (LIST{"b unhover"}));
 }
 
+TEST_F(Button, thatLetGoOfThePointerIsPressedByOneThatHasNotMovedSince) {
+    cTestButton* button = add("b", {100.0f, 100.0f}, 0.0f, true);
+    program.moveCursor(100.0f, 100.0f);
+    program.frames(2);
+    button->unhovered();
+    take();
+    program.press();
+    program.frames(2);
+    program.release();
+    program.frames(2);
+    EXPECT_EQ(take(), (LIST{"b unhover", "b press", "b hover", "b click"}));
+}
+
 TEST_F(Button, enabledUnderTheCursorIsHoveredAtOnceAndDisabledHearsNothing) {
     program.moveCursor(100.0f, 100.0f);
     program.frame();
