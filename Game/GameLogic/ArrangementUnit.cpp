@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numbers>
+#include <utility>
 
 #include "Engine/core/CallStack.h"
 #include "Game/GameLogic/Angles.h"
@@ -43,6 +44,14 @@ void cArrangementUnit::remove(const cMan* man) {
     const auto found = std::find(m_ring.begin(), m_ring.end(), man);
     if (found != m_ring.end())
         m_ring.erase(found);
+}
+
+void cArrangementUnit::handOver() {
+    ENGINE_MARK;
+    for (cMan* man : std::exchange(m_ring, {})) {
+        if (!man->getTask() || dynamic_cast<cManWalkByEllipseTask*>(man->getTask()))
+            man->arrange();
+    }
 }
 
 void cArrangementUnit::arrange(cMan* man) {

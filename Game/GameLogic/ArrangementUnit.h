@@ -28,6 +28,8 @@ public:
     /// is here already goes on with his work.
     void add(cMan* man);
     void remove(const cMan* man);
+    /// What stands at the point has changed: those who stand here go to that, those at work when they are done.
+    void handOver();
 
     const std::vector<cMan*>& getRing() const { return m_ring; }
 

@@ -17,6 +17,7 @@
 class cSmallLevel {
 public:
     cSmallLevel() {
+        Engine::Properties::clear();  // of the level before
         for (Int type = 0; type <= objectDamagedRoad; ++type) {
             if (const char* file = cLevelObject::getDefinitionFile(type))
                 m_program.write(file, makeDefinition(type));

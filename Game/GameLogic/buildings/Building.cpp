@@ -214,10 +214,11 @@ void cBuilding::destroyMe() {
     notifyDestroyed(0);
     clearWorkingMen();
     clearUnderPoints();
-    remove();
+    handOver();
+    vanish();
 }
 
-void cBuilding::remove() {
+void cBuilding::vanish() {
     hide();
     disable();
     std::erase(getList(), this);

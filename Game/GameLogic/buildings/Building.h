@@ -88,7 +88,7 @@ public:
 
 protected:
     void standOn(Int point);  ///< stands there alone, without being the point's building
-    void remove();            ///< ends it, with nothing said to anyone
+    void vanish();            ///< ends it, with nothing said to anyone
 
 private:
     static BUILDINGS& getList();

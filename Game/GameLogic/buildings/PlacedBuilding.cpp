@@ -29,7 +29,7 @@ void cPlacedBuilding::propose(Int point) {
 }
 
 void cPlacedBuilding::destroyPhantom() {
-    remove();
+    vanish();
 }
 
 /// False without a way point.
@@ -60,6 +60,7 @@ void cPlacedBuilding::upgrade() {
     if (cWayPoint* way_point = getUnderWayPoint()) {
         way_point->deleteRoadPlan();
         way_point->hide();
+        way_point->handOver();
     }
 }
 
