@@ -17,7 +17,7 @@ Bool cDrawGroups::joinLast(const sDrawState& state, const sDrawRun& run) {
     const auto end = group.textures + group.texture_count;
     if (std::find(group.textures, end, run.texture) != end)
         return true;
-    if (group.texture_count == sDrawGroup::max_textures || state.stencil == eStencil::write)
+    if (group.texture_count == m_most_textures || state.stencil == eStencil::write)
         return false;
     group.textures[group.texture_count++] = run.texture;
     return true;

@@ -27,6 +27,9 @@ struct sDrawGroup {
 /// and a vertex has one slot only.
 class cDrawGroups {
 public:
+    /// @param most_textures  of a group; 1 to sDrawGroup::max_textures
+    explicit cDrawGroups(UInt most_textures = sDrawGroup::max_textures) : m_most_textures(most_textures) {}
+
     void clear();
     void add(const sDrawState& state, const sDrawRun& run);
     /// @param unit  place among the frame's units
@@ -44,6 +47,7 @@ public:
 private:
     Bool joinLast(const sDrawState& state, const sDrawRun& run);
 
+    UInt m_most_textures;
     std::vector<sDrawGroup> m_groups;
     std::vector<sDrawRun> m_runs;
 };

@@ -4,6 +4,7 @@
 #include <epoxy/gl.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "Engine/core/CallStack.h"
@@ -43,6 +44,13 @@ void enable(GLenum what, Bool on) {
     on ? glEnable(what) : glDisable(what);
 }
 
+/// One that runs on the processor reads every texture of a choice for every pixel, whichever is chosen.
+Bool isSoftwareRenderer() {
+    const std::string name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    return std::ranges::any_of(std::array{"llvmpipe", "softpipe", "SwiftShader", "Software"},
+                               [&name](const char* part) { return name.find(part) != std::string::npos; });
+}
+
 Bool canDrawWithBase() {
     return epoxy_is_desktop_gl() || epoxy_gl_version() >= 32;
 }
@@ -61,6 +69,8 @@ cGlDevice::cGlDevice(SDL_Window* window) : m_window(window), m_context(createAny
     m_max_texture_size = static_cast<UInt>(size);
     m_single.emplace(1u);
     m_multi.emplace(sDrawGroup::max_textures);
+    if (isSoftwareRenderer())
+        m_draws = cDrawGroups(1);
     m_units.emplace();
     createBuffers();
     const std::uint8_t white[] = {255, 255, 255, 255};
