@@ -52,6 +52,7 @@ DRAWN = {  # name: the module that draws its pictures without Blender
     "small_effects": "effects",
     "marks": "marks",
     "panel": "panel",
+    "strategic": "strategic",
 }
 
 LEVELS = "levels"  # the object that levels/make_levels.py makes

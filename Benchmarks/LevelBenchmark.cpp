@@ -3,35 +3,13 @@
 #include <benchmark/benchmark.h>
 
 #include <random>
-#include <sstream>
 
+#include "Benchmarks/MadeLevel.h"
 #include "Engine/core/Logic.h"
-#include "Tests/Support/RandomGraph.h"
-#include "Tests/Support/SmallLevel.h"
 
 namespace {
 
 constexpr double frame_seconds = 0.02;
-
-/// A level whose points lie as those of a graph by chance, all of it the player's but for every 10th arc.
-std::string makeLevel(std::size_t points, Int men) {
-    const POINTS graph = makeRandomGraph(points, 7, [](std::mt19937& chance) {
-        return static_cast<Int>(chance() % 10 == 0 ? ARC_GROUND : ARC_PLAYER_ROAD);
-    });
-    std::ostringstream text;
-    text << "<L Size=\"2000,2000\"><Points>";
-    for (const sPointInfo& point : graph)
-        text << "<P Pos=\"" << point.pos.x << ',' << point.pos.y << "\"/>";
-    text << "</Points><Arcs>";
-    for (const sPointInfo& point : graph) {
-        for (const auto& [neighbour, arc] : point.arcs) {
-            if (point.index < neighbour)
-                text << "<A p1=\"" << point.index << "\" p2=\"" << neighbour << "\" Type=\"" << arc.type << "\"/>";
-        }
-    }
-    text << "</Arcs><Buildings>" << startPoint("100,300", men) << "</Buildings></L>";
-    return text.str();
-}
 
 /// Men who have arrived are sent on, so that all of them walk all the time.
 void keepWalking(cTacticMap& map, std::mt19937& chance) {

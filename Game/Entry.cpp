@@ -45,6 +45,8 @@ void play(cEngine& engine, sGameManagers& managers) {
     managers.strings = std::make_unique<cGameStrings>();
     new cPreload(cGame::onProfileExist, cGame::onCreateNewProfile);
     engine.process();
+    if (cGame* game = cGame::getInstance())
+        game->saveAtExit();
 }
 
 /// What a player is told after a failure, in his language. The failure may have been that of the texts.

@@ -31,6 +31,8 @@ protected:
         }
     }
 
+    const std::vector<cControl*>& getBackground() const { return m_back; }  ///< all of it, pictures and texts
+
 private:
     std::vector<cControl*> m_back;  ///< children
 };

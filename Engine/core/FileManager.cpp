@@ -212,8 +212,26 @@ void cFileManager::enterCommonFile(const String& key, const String& spelling) {
 void cFileManager::deleteFile(const String& name) {
     ENGINE_MARK;
     const String key = toFileKey(name);
-    if (!isInnerName(key) || ::unlink(getCommonPath(key).c_str()) != 0)
-        return;
+    if (isInnerName(key) && ::unlink(getCommonPath(key).c_str()) == 0)
+        leaveCommonFile(key);
+}
+
+Bool cFileManager::setDamagedAside(const String& name) {
+    ENGINE_MARK;
+    const String key = toFileKey(name);
+    if (!isCommonExist(key))
+        return false;
+    const String aside = String(key + ".damaged");
+    const String path = getCommonPath(aside);
+    if (::rename(getCommonPath(key).c_str(), path.c_str()) != 0)
+        throw lastErrorText();
+    leaveCommonFile(key);
+    enterCommonFile(aside, path.substr(m_common_directory.size()));
+    return true;
+}
+
+/// The name means again what it meant before there was a loose common file.
+void cFileManager::leaveCommonFile(const String& key) {
     const auto found = m_index.find(key);
     if (found == m_index.end() || found->second.location != common_tag)
         return;

@@ -32,7 +32,7 @@ struct sFileLocation {
 ///
 /// Behind a name stands, in falling priority: a loose file of the writable (common) directory, a member of a pack
 /// there (a patch), a member of a pack of the data directory, a loose file of the data directory. Everything is indexed
-/// once at construction; afterwards the index follows create(), moveFile() and deleteFile() alone.
+/// once at construction; afterwards the index follows what is done through here alone.
 class cFileManager : public cSingleton<cFileManager> {
 public:
     /// @param root_directory       the data directory
@@ -58,6 +58,10 @@ public:
     /// Throws `File "<name>" can't be creating.` and the system's message.
     virtual std::unique_ptr<iFile> create(const String& name, Bool overwrite);
     virtual void deleteFile(const String& name);
+    /// A loose file of the common directory that can't be used gets the name with ".damaged" behind it, in place of one
+    /// kept so before; the name then means what it would mean without the file. False if there is no such file.
+    /// Throws a String, the system's message, if the file can't be renamed.
+    Bool setDamagedAside(const String& name);
     virtual Bool isExist(const String& path) const;
     virtual Bool isCommonExist(const String& name) const;  ///< as a loose file of the common directory
     /// Indexed names that begin with the prefix; with deep false only the name that equals it.
@@ -83,6 +87,7 @@ private:
     String getCommonPath(const String& key) const;
     std::shared_ptr<cPack> getPack(const sFileLocation& location);
     void enterCommonFile(const String& key, const String& spelling);
+    void leaveCommonFile(const String& key);
 
     INDEX m_index;       ///< what each name means now
     INDEX m_base_index;  ///< what a name means without its loose common file; only for names that have one

@@ -33,7 +33,7 @@ cXML::cXML(const String& filename) : cXMLTag(toFileKey(filename)) {
     cFileManager& files = *cFileManager::getInstance();
     if (readFromFile(files.open(filename).get()))
         return;
-    if (setDamagedAside(filename) && files.isExist(filename) && readFromFile(files.open(filename).get()))
+    if (files.setDamagedAside(filename) && files.isExist(filename) && readFromFile(files.open(filename).get()))
         return;
     callStackText() = m_error + " filename: " + filename;
     throw String(callStackText());
@@ -43,19 +43,6 @@ cXML::cXML(iFile* file) : cXMLTag(sXMLNode{}) {
     ENGINE_MARK;
     if (!readFromFile(file))
         throw String(m_error);
-}
-
-/// False if the file is not the user's but shipped: that one is never touched.
-Bool cXML::setDamagedAside(const String& filename) {
-    ENGINE_MARK;
-    cFileManager& files = *cFileManager::getInstance();
-    if (!files.isCommonExist(filename))
-        return false;
-    const std::unique_ptr<iFile> copy = files.create(filename + ".damaged", true);
-    copyBytes(filename, *files.open(filename), *copy);
-    copy->close();
-    files.deleteFile(filename);
-    return true;
 }
 
 Bool cXML::readFromFile(iFile* file) {

@@ -36,7 +36,6 @@ public:
     void writeBinary(iFile* file, Bool root) const;
 
 private:
-    static Bool setDamagedAside(const String& filename);
     void parse(iFile* file);
 
     cXMLArena m_arena;

@@ -9,6 +9,7 @@
 #include "Engine/Ui/TextLine.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
+#include "Engine/core/StringManager.h"
 #include "Engine/core/Timer.h"
 #include "Game/CommonUI/PriceList.h"
 #include "Game/CommonUI/TipWorld.h"
@@ -75,6 +76,14 @@ void cTipPanel::loadLooks(const iXML& xml) {
         loadChild(m_looks[i], &xml, names[i]);
     }
     takeLook(eScreenSide::upLeft);
+}
+
+void cTipPanel::addToCaption(const WString& text) {
+    if (!m_cargo_text)
+        return;
+    const WString caption = cStringManager::getInstance()->getString(m_cargo_text->getText());
+    m_cargo_text->setLocalized(false);
+    m_cargo_text->setText(caption + text);
 }
 
 // Coming and going -------------------------------------------------------------------------------------------------

@@ -40,6 +40,9 @@ public:
     /// The same from that file, when the tip is first to be shown: most things are never pointed at.
     void setFile(const String& path) { m_file = path; }
 
+    /// Puts that text behind the one of the caption "CargoText", which is translated first.
+    void addToCaption(const WString& text);
+
     /// It stands beside that control, which outlives the owner, instead of beside the owner.
     void setAnchor(const Engine::cControl& anchor) { m_anchor = &anchor; }
 

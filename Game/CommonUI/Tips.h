@@ -24,6 +24,7 @@ public:
     }
     void loadTipXML(const Engine::iXML* xml_doc) { m_tip.loadXML(xml_doc); }
     void setTipFile(const String& path) { m_tip.setFile(path); }
+    void addToTipCaption(const WString& text) { m_tip.addToCaption(text); }
     void setTipAnchor(const Engine::cControl& anchor) { m_tip.setAnchor(anchor); }
 
     void process() override {

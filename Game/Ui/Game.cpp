@@ -1,5 +1,8 @@
 #include "Game/Ui/Game.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/NewProfile.h"
 #include "Engine/Ui/Profile.h"
@@ -8,11 +11,15 @@
 #include "Engine/core/Keys.h"
 #include "Engine/core/ResourceManager.h"
 #include "Engine/core/ResourceRef.h"
+#include "Game/GameLogic/Mark.h"
 #include "Game/GameUI/Strategic/StrategicMap.h"
+#include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameMenu.h"
+#include "Game/Ui/GameStrings.h"
 #include "Game/Ui/LogLoad.h"
 #include "Game/Ui/MainMenu.h"
 #include "Game/Ui/Screen.h"
+#include "Game/Ui/TellPlayer.h"
 
 using namespace Engine;
 
@@ -31,6 +38,11 @@ String getStaticString(const char* name, Int n) {
     return key;
 }
 
+/// The save file of the current player.
+String getSavePath() {
+    return String(cProfile::getProfilesDir() + cProfile::getInstance()->getProfileID() + ".save");
+}
+
 }  // namespace
 
 cGame::cGame(cView* parent, Bool no_save) : cView(parent), m_no_save(no_save) {
@@ -38,8 +50,10 @@ cGame::cGame(cView* parent, Bool no_save) : cView(parent), m_no_save(no_save) {
     loadView(*this, game_file);
     show();
     enable();
-    if (!no_save)
-        new cLogLoad(strategic_log, onGameStarted, strategic_entries_per_frame, cLogLoad::gameMusic);
+    if (no_save)
+        return;
+    loadLevels();
+    new cLogLoad(strategic_log, onGameStarted, strategic_entries_per_frame, cLogLoad::gameMusic);
 }
 
 cLevelState* cGame::getSavedLevel(Int level) {
@@ -51,7 +65,81 @@ cLevelState* cGame::createSavedLevel(Int level) {
     return &m_levels.insert_or_assign(level, cLevelState(level)).first->second;
 }
 
+// The save ----------------------------------------------------------------------------------------------------------
+
+sProgress& cGame::getProgress() {
+    static sProgress progress;
+    return progress;
+}
+
+void cGame::loadAwards() {
+    ENGINE_MARK;
+    sSave save;
+    if (cProfile::getInstance() && cSaveFile(getSavePath()).readOnly(save))
+        getProgress().awards = save.progress.awards;
+}
+
+void cGame::loadLevels() {
+    ENGINE_MARK;
+    if (!cProfile::getInstance())
+        return;
+    sSave save;
+    const cSaveFile::eFound found = cSaveFile(getSavePath()).read(save);
+    if (found == cSaveFile::restored)
+        tellPlayer(getGameString("save_restored"));
+    if (found == cSaveFile::lost)
+        tellPlayer(getGameString("save_lost"));
+    if (found != cSaveFile::good && found != cSaveFile::restored)
+        return;
+    getProgress() = save.progress;
+    for (std::size_t i = 0; i < std::min<std::size_t>(save.products.size(), product_count); ++i)
+        cProfile::getInts()[getStaticString("Product", static_cast<Int>(i))] = save.products[i];
+    m_levels = std::move(save.levels);
+}
+
 void cGame::saveLevels() {
+    ENGINE_MARK;
+    cProfile* profile = cProfile::getInstance();
+    if (m_no_save || !profile)
+        return;
+    try {
+        // The properties first: a level that is open and was never entered can be, one that is closed can't.
+        profile->saveAllProps();
+        sSave save{.progress = getProgress(), .products = {}, .levels = m_levels};
+        for (UInt i = 0; i < product_count; ++i)
+            save.products.push_back(cProfile::getInts()[getStaticString("Product", static_cast<Int>(i))]);
+        cSaveFile(getSavePath()).write(save);
+        m_save_failed = false;
+    } catch (...) {
+        noteInSaveLog(takeFailureLine());
+        if (!std::exchange(m_save_failed, true))
+            tellPlayer(getGameString("save_failed"));
+    }
+}
+
+void cGame::saveAtExit() {
+    ENGINE_MARK;
+    if (m_no_save)
+        return;
+    cTacticMap* map = cTacticMap::getInstance();
+    if (!m_finished && map && cProfile::getInts()["CurrentLevel"] > -1)
+        map->saveBinLevel();
+    saveLevels();
+}
+
+void cGame::dropSavedLevel(Int level) {
+    ENGINE_MARK;
+    const auto found = m_levels.find(level);
+    if (found == m_levels.end())
+        return;
+    if (!m_no_save && cProfile::getInstance()) {
+        try {
+            cSaveFile(getSavePath()).keepLevelAside(found->second);
+        } catch (...) {
+            noteInSaveLog(takeFailureLine());
+        }
+    }
+    m_levels.erase(found);
 }
 
 Bool cGame::isLevelOpen(Int level) {
@@ -60,6 +148,19 @@ Bool cGame::isLevelOpen(Int level) {
 
 void cGame::openLevel(Int level) {
     cProfile::getBools()[getStaticString("LevelOpen", level)] = true;
+}
+
+Int cGame::getKeptFlag(Int level, Int bridge) {
+    const UInt flags = static_cast<UInt>(cProfile::getInts()[getStaticString("LevelFlag", level)]);
+    return bridge >= 0 && bridge < kept_flag_count ? static_cast<Int>(flags >> (2 * bridge) & 3) : markNone;
+}
+
+void cGame::keepFlag(Int level, Int bridge, Int mark) {
+    if (bridge < 0 || bridge >= kept_flag_count || getWorth(mark) <= getWorth(getKeptFlag(level, bridge)))
+        return;
+    Int& flags = cProfile::getInts()[getStaticString("LevelFlag", level)];
+    const UInt others = static_cast<UInt>(flags) & ~(3u << (2 * bridge));
+    flags = static_cast<Int>(others | static_cast<UInt>(mark) << (2 * bridge));
 }
 
 void cGame::onInitProfile() {
@@ -73,6 +174,7 @@ void cGame::onInitProfile() {
     for (UInt i = 0; i < product_count; ++i)
         values[getStaticString("Product", static_cast<Int>(i))] = 0;
     giveStartProducts();
+    getProgress().reset();
 }
 
 void cGame::giveStartProducts() {
@@ -127,9 +229,7 @@ void cGame::onNewProfileCreated() {
 
 void cGame::onGameStarted() {
     ENGINE_MARK;
-    auto* map = new cStrategicMap(getInstance());
-    map->show();
-    map->enable();
+    new cStrategicMap(getInstance());
 }
 
 void cGame::onEndLastComics() {

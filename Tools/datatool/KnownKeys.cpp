@@ -113,8 +113,10 @@ constexpr sClass classes[] = {
     {"YesNoExit", "Back", "",
      "Text:TextLine Bee0:Picture Bee1:Picture Bee2:Picture YesButton:TextButton NoButton:TextButton"},
     {"LevelNode", "", "position effect_center initial_scale_factor flag#", ""},
-    {"StrategicMap", "Back", "fog_scale_factor tut_levels_number",
-     "MainMenuButton:TipTextButton NodeButton:NodeButton LevelNodes:LevelNode* stateAvail:State stateUnavail:State"},
+    {"StrategicMap", "Back", "fog_scale_factor tut_levels_number first_number",
+     "MainMenuButton:TipTextButton MapCaptionPic:Picture MapCaptionText:TextLine NodeButton:NodeButton "
+     "LevelNodes:LevelNode* stateAvail:State stateUnavail:State FogPrototypes:Picture* NumberPrototype:TextLine "
+     "FlagPrototype:Picture GoldenFlag:State SilverFlag:State BlueFlag:State"},
     {"NodeButton", "AnimButton Tips", "", ""},
 
     // The level's map and its scenery

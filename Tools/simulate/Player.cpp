@@ -16,6 +16,7 @@
 #include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/PanelButtons.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/Ui/Game.h"
 #include "Game/Ui/GameMenu.h"
 
 using namespace Engine;
@@ -129,8 +130,10 @@ void cPlayer::perform(const sAction& action) {
             throw String("there is no such key, or it is neither pressed nor released");
         return m_stage.getMachine().pushKey(static_cast<unsigned>(code), words[2] == "press");
     }
-    if (what == "save")
-        return map().saveBinLevel();
+    if (what == "save") {
+        map().saveBinLevel();
+        return cGame::getInstance()->saveLevels();
+    }
     if (what == "load") {
         map().saveBinLevel();
         return m_stage.reenter();

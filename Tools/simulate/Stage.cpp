@@ -40,6 +40,7 @@ cStage::cStage(const sSettings& settings, const std::filesystem::path& home) : m
     cProfile::setInitHook(cGame::onInitProfile);
     m_strings = std::make_unique<cGameStrings>();
     cProfile::open(toWide(settings.profile));
+    cProfile::getInts()["started"] = std::max(cProfile::getInts()["started"], 1);  // nobody is there to be welcomed
     writeProperties(settings);
     new cGame(nullptr, false);
     for (int i = 0; i < patience && !cStrategicMap::getInstance(); ++i)

@@ -1,16 +1,28 @@
 #include "Game/GameUI/Strategic/StrategicMap.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/Profile.h"
+#include "Engine/Ui/Scavenger.h"
 #include "Engine/core/CallStack.h"
-#include "Engine/core/Engine.h"
+#include "Engine/core/FileManager.h"
 #include "Engine/core/Keys.h"
 #include "Engine/core/Log.h"
+#include "Engine/core/Random.h"
 #include "Engine/graphics/Graphics.h"
+#include "Game/GameLogic/buildings/Bridge.h"
+#include "Game/GameUI/Strategic/StartPointInfo.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/GameUI/Tactic/Utils.h"
 #include "Game/Ui/Game.h"
 #include "Game/Ui/GameMenu.h"
+#include "Game/Ui/LevelHead.h"
+#include "Game/Ui/Screen.h"
+#include "Game/Ui/TellPlayer.h"
+#include "Game/Ui/YesNoExt.h"
 
 using namespace Engine;
 
@@ -22,43 +34,103 @@ cTacticMap& tactic() {
     return *cTacticMap::getInstance();
 }
 
-}  // namespace
-
-void cStrategicMap::cStartPointInfo::loadLevelSettings(const iXML* xml) {
-    Vector2 position = getPosition();
-    readKey(*xml, u"position", position);
-    setPosition(position);
-    m_effect_center = position;
-    readKey(*xml, u"effect_center", m_effect_center);
+Vector2 getScreen() {
+    const cGraphics* graphics = cGraphics::getInstance();
+    return {static_cast<Float>(graphics->getWidth()), static_cast<Float>(graphics->getHeight())};
 }
 
+/// How the level was left. Nothing is known of one that never was, or whose record is damaged: who enters it is told.
+sLevelHead readHead(Int level) {
+    sLevelHead head;
+    cGame* game = cGame::getInstance();
+    cLevelState* state = game ? game->getSavedLevel(level) : nullptr;
+    if (!state)
+        return head;
+    try {
+        head.serialize(*state->createReader());
+    } catch (...) {
+        noteInSaveLog(String("The map of levels, level " + std::to_string(level) + ": " + takeFailureLine()));
+        head = {};
+    }
+    return head;
+}
+
+Bool isSaved(Int level) {
+    const cGame* game = cGame::getInstance();
+    return game && game->getSavedLevel(level);
+}
+
+void setShown(cView& view, Bool show) {
+    show ? view.show() : view.hide();
+}
+
+}  // namespace
+
 cStrategicMap::cStrategicMap(cView* parent)
-    : cBack(parent), m_main_menu(new cTextButton(this)), m_node_prototype(new cStartPointInfo(this)) {
+    : cBack(parent),
+      m_main_menu(new cTextButton(this)),
+      m_caption_picture(new cPicture(this)),
+      m_caption_text(new cTextLine(this)),
+      m_flag_prototype(new cPicture(this)),
+      m_number_prototype(new cTextLine(this)) {
     ENGINE_MARK;
     loadView(*this, definition_file);
     m_main_menu->setOnClick(onMainMenu);
-    cGame::openLevel(0);
+    cGame::openLevel(0);  // also for a player who left before he saw this map
     updateView();
     auto* map = new cTacticMap(parent);
     map->hide();
     map->disable();
     new cGameMenu({[] { tactic().resume(); }, [] { tactic().showMainMenu(); }, [] { tactic().replayLevel(); },
                    [] { tactic().showStrategicMap(); }});
+    show();
+    enable();
+    if (isTheFirstLaunch())
+        onEndComics();
 }
+
+// Loading ------------------------------------------------------------------------------------------------------------
 
 void cStrategicMap::loadXML(const iXML* xml) {
     ENGINE_MARK;
     cBack::loadXML(xml);
+    readKey(*xml, u"fog_scale_factor", m_fog_scale_factor);
+    readKey(*xml, u"tut_levels_number", m_tut_levels_number);
+    readKey(*xml, u"first_number", m_first_number);
     loadChild(*m_main_menu, xml, "MainMenuButton");
-    loadChild(*m_node_prototype, xml, "NodeButton");
-    m_node_prototype->hide();
-    m_node_prototype->disable();
+    loadChild(*m_caption_picture, xml, "MapCaptionPic");
+    loadChild(*m_caption_text, xml, "MapCaptionText");
+    loadChild(*m_flag_prototype, xml, "FlagPrototype");
+    loadChild(*m_number_prototype, xml, "NumberPrototype");
+    m_flag_prototype->hide();
+    m_number_prototype->hide();
     for (const auto& [name, state] :
          {std::pair("stateAvail", &m_state_avail), std::pair("stateUnavail", &m_state_unavail)}) {
-        *state = *m_node_prototype;
+        loadChild(*state, xml, "NodeButton");
         loadChild(*state, xml, name);
     }
+    for (const auto& [name, state] : {std::pair("GoldenFlag", &m_golden_flag), std::pair("SilverFlag", &m_silver_flag),
+                                      std::pair("BlueFlag", &m_blue_flag)}) {
+        *state = *m_flag_prototype;
+        loadChild(*state, xml, name);
+    }
+    loadFogPrototypes(*xml);
     loadNodes(*xml);
+    saveOriginalSizes();
+}
+
+void cStrategicMap::loadFogPrototypes(const iXML& xml) {
+    iXML* list = nullptr;
+    if (!xml.get("FogPrototypes", list))
+        throw String("Error load fog protype");
+    for (UInt i = 0; i < list->getTagCount(); ++i) {
+        iXML* tag = nullptr;
+        list->get(i, tag);
+        auto* fog = new cPicture(this);
+        fog->loadXML(tag);
+        fog->hide();
+        m_fog_prototypes.push_back(fog);
+    }
 }
 
 void cStrategicMap::loadNodes(const iXML& xml) {
@@ -66,39 +138,176 @@ void cStrategicMap::loadNodes(const iXML& xml) {
     if (!xml.get("LevelNodes", list))
         return;
     for (UInt i = 0; i < list->getTagCount(); ++i) {
-        iXML* tag = nullptr;
-        list->get(i, tag);
-        auto* node = new cStartPointInfo(*m_node_prototype);
-        node->loadLevelSettings(tag);
-        node->setLevel(static_cast<Int>(i));
-        node->setOnClick(onStartLevel);
-        m_nodes.push_back(node);
+        iXML* settings = nullptr;
+        list->get(i, settings);
+        m_nodes.push_back(makeNode(xml, *settings, static_cast<Int>(i)));
+        loadSavedLevel(*m_nodes.back(), *settings);
     }
 }
 
-cStrategicMap::cStartPointInfo* cStrategicMap::findNode(Int level) const {
+cStrategicMap::NODE* cStrategicMap::makeNode(const iXML& map, const iXML& settings, Int level) {
+    auto* node = new NODE(this);
+    loadChild(*node, &map, "NodeButton");
+    node->loadLevelSettings(settings);
+    node->setLevel(level);
+    node->setOnClick(onStartLevel);
+    node->setLooks(m_state_avail, m_state_unavail);
+    if (!m_fog_prototypes.empty()) {
+        const auto count = static_cast<Float>(m_fog_prototypes.size());
+        const auto place = static_cast<std::size_t>(count * static_cast<Float>(Engine::random().next()) * 3.05176e-5f);
+        node->setFog(*m_fog_prototypes[std::min(place, m_fog_prototypes.size() - 1)]);
+    }
+    WString number(u" ");
+    number.append(formatText(level + 1));
+    node->addToTipCaption(number);
+    node->createNumber(*m_number_prototype, level + m_first_number);
+    node->disable();
+    node->show();
+    return node;
+}
+
+/// The flags of the record, and better ones that the player has won before.
+void cStrategicMap::loadSavedLevel(NODE& node, const iXML& settings) {
+    const Int level = node.getLevel();
+    const sLevelHead head = readHead(level);
+    for (std::size_t i = 0; i < head.marks.size(); ++i)
+        addFlag(node, settings, static_cast<Int>(i), head.marks[i]);
+    for (Int bridge = 0; bridge < cGame::kept_flag_count; ++bridge) {
+        if (const Int mark = cGame::getKeptFlag(level, bridge); mark != markNone)
+            addFlag(node, settings, bridge, mark);
+    }
+    if (!isSaved(level))
+        return;
+    cGame::openLevel(level);
+    node.setPrevLevel(head.previous_level);
+}
+
+void cStrategicMap::addFlag(NODE& node, const iXML& settings, Int bridge, Int mark) {
+    Vector2 position = node.getPosition();
+    WString key(u"flag");
+    key.append(formatText(bridge));
+    readKey(settings, key.c_str(), position);
+    node.addFlag(bridge, position, mark, *m_flag_prototype);
+    cGame::keepFlag(node.getLevel(), bridge, mark);
+}
+
+void cStrategicMap::saveOriginalSizes() {
+    for (cControl* piece : getBackground())
+        m_roll.addPicture(*piece);
+    for (const NODE* node : m_nodes) {
+        if (node->getFog())
+            m_roll.addFog(*node->getFog());
+    }
+}
+
+cStrategicMap::NODE* cStrategicMap::findNode(Int level) const {
     const Bool exists = level >= 0 && level < static_cast<Int>(m_nodes.size());
     return exists ? m_nodes[static_cast<std::size_t>(level)] : nullptr;
 }
 
+// What the player has come to ----------------------------------------------------------------------------------------
+
+Bool cStrategicMap::isTheFirstLaunch() {
+    const cGame* game = cGame::getInstance();
+    const cProfile* profile = cProfile::getInstance();
+    if (!profile || !game || game->isNoSave())
+        return false;
+    const String file = cProfile::getProfilesDir() + profile->getProfileID() + ".xml";
+    return !cFileManager::getInstance()->isExist(file) && cProfile::getInts()["started"] < 1;
+}
+
+Bool cStrategicMap::isAllLevelsOpened(Int mark, Int count) const {
+    for (Int level = 0; level < count; ++level) {
+        const NODE* node = findNode(level);
+        if (!node || !cGame::isLevelOpen(level) || getWorth(node->getMark()) < getWorth(mark))
+            return false;
+    }
+    return true;
+}
+
+cState cStrategicMap::getFlagState(Int mark) const {
+    switch (mark) {
+        case markSilver:
+            return m_silver_flag;
+        case markGold:
+            return m_golden_flag;
+        case markBlue:
+            return m_blue_flag;
+        default:
+            return {};
+    }
+}
+
+void cStrategicMap::updateLevelFlags(Int level) {
+    ENGINE_MARK;
+    NODE* node = findNode(level);
+    if (!node)
+        return;
+    iXML* xml = cResourceManager::getInstance()->getXML(definition_file);
+    const cResourceRef holder = cResourceRef::adopt(xml);
+    iXML* list = nullptr;
+    iXML* settings = nullptr;
+    if (!xml->get("LevelNodes", list))
+        return;
+    list->get(static_cast<UInt>(level), settings);
+    Int index = 0;
+    for (const cBridge* bridge : cUtils::getLevelBridges())
+        addFlag(*node, *settings, index++, bridge->getMark(true));
+}
+
+void cStrategicMap::setPreviousLevel(Int current_level, Int prev_level) {
+    if (NODE* node = findNode(current_level))
+        node->setPrevLevel(prev_level);
+}
+
+void cStrategicMap::completeTutorialLevels() {
+    ENGINE_MARK;
+    for (Int level = 0; level < m_tut_levels_number; ++level)
+        cGame::openLevel(level);
+    updateView();
+    for (const Int product : {16, 1, 21, 11, 26, 27, 17, 12, 22, 2, 23})
+        tactic().addProduct(product, 1);
+    for (const auto& [first, last] :
+         {std::pair(8, 13), std::pair(15, 18), std::pair(20, 30), std::pair(38, 41), std::pair(54, 54)}) {
+        for (Int hint = first; hint <= last; ++hint)
+            cGame::getProgress().setHintDone(hint);
+    }
+    if (cGame* game = cGame::getInstance())
+        game->saveLevels();
+    cGame::openLevel(m_tut_levels_number);
+    updateView();
+}
+
 // Levels -------------------------------------------------------------------------------------------------------------
 
+/// One that was finished without a golden flag may be played all over for a better one.
 void cStrategicMap::onStartLevel(cView* node) {
-    getInstance()->enterLevel(static_cast<cStartPointInfo*>(node)->getLevel(), false);
+    ENGINE_MARK;
+    constexpr Int choose_a_level = 54;
+    const auto* info = static_cast<const cStartPointInfo*>(static_cast<NODE*>(node));
+    const Int level = info->getLevel();
+    cGame::getProgress().setHintDone(choose_a_level);
+    if (isSaved(level) && getWorth(info->getMark()) < getWorth(markGold) && readHead(level).completed)
+        return getInstance()->ask("replay", level, onReplayConfirmed, onReplayDeclided);
+    getInstance()->enterLevel(level, false);
 }
 
 void cStrategicMap::enterLevel(Int level, Bool replay) {
     const Int before = cProfile::getInts()["CurrentLevel"];
+    const auto go_back = [this, before] {
+        cProfile::getInts()["CurrentLevel"] = before;
+        String failure = takeFailureLine();
+        cLogManager::getInstance()->getLog("levels", true)->printf("%s", failure.c_str());
+        comeBack();
+        return failure;
+    };
     try {
         startLevel(level, replay);
+    } catch (const sDamagedRecord&) {
+        go_back();
+        ask("level_damaged", level, onBeginAnewConfirmed, onBeginAnewDeclided);
     } catch (...) {
-        const String& failure = currentFailure();
-        cProfile::getInts()["CurrentLevel"] = before;
-        cLogManager::getInstance()->getLog("levels", true)->printf("%s", failure.c_str());
-        const WString told = toWide(failure.substr(0, failure.find('\n')));
-        cEngine::getInstance()->getInstancePlatform()->showMessageBox(u"Error", told);
-        callStackText().clear();
-        comeBack();
+        tellPlayer(toWide(go_back()));
     }
 }
 
@@ -118,57 +327,123 @@ void cStrategicMap::startLevel(Int level, Bool replay) {
 }
 
 void cStrategicMap::showLevelButton(Int level, Bool show) {
-    cStartPointInfo* node = findNode(level);
+    NODE* node = findNode(level);
     if (!node)
         return;
-    if (!show)
-        return node->hide();
+    if (!show) {
+        node->hide();
+        node->showNumber(false);
+        return node->showFlags(false);
+    }
     const Bool is_open = cGame::isLevelOpen(level) && level < cLevelFile::getLevelCount();
-    node->cState::operator=(is_open ? m_state_avail : m_state_unavail);
-    node->setDirty();
-    node->setEnabled(is_open);
+    node->setAvail(is_open);
+    node->showFog(!is_open && m_fog_shown);
+    node->showFlags(is_open);
+    node->showNumber(m_numbers_shown);
     node->show();
 }
 
 void cStrategicMap::updateView() {
-    for (const cStartPointInfo* node : m_nodes)
+    for (const NODE* node : m_nodes)
         showLevelButton(node->getLevel(), true);
 }
 
 void cStrategicMap::showUI(Bool show) {
-    for (const cStartPointInfo* node : m_nodes)
+    for (const NODE* node : m_nodes)
         showLevelButton(node->getLevel(), show);
-    show ? m_main_menu->show() : m_main_menu->hide();
-}
-
-void cStrategicMap::updateLevelFlags(Int) {
-}
-
-void cStrategicMap::setPreviousLevel(Int current_level, Int prev_level) {
-    if (cStartPointInfo* node = findNode(current_level))
-        node->setPrevLevel(prev_level);
+    setShown(*m_main_menu, show);
+    setShown(*m_caption_picture, show);
+    setShown(*m_caption_text, show);
 }
 
 void cStrategicMap::onMainMenu(cView*) {
     cGame::leaveForMainMenu();
 }
 
+// Questions ----------------------------------------------------------------------------------------------------------
+
+void cStrategicMap::ask(const String& text_id, Int level, ANSWER on_yes, ANSWER on_no) {
+    ENGINE_MARK;
+    if (m_question)
+        return;
+    disable();
+    m_asked_level = level;
+    m_question = new cYesNoExt(this);
+    m_question->setText(text_id);
+    m_question->setYes(on_yes);
+    m_question->setNo(on_no);
+    showScreen(*m_question);
+}
+
+/// The map takes input again. Gives the level that was asked about.
+Int cStrategicMap::closeQuestion() {
+    cYesNoExt* question = std::exchange(m_question, nullptr);
+    question->disable();
+    discard(static_cast<cView*>(question), here());
+    enable();
+    return std::exchange(m_asked_level, -1);
+}
+
+void cStrategicMap::onReplayConfirmed(cView*) {
+    getInstance()->enterLevel(getInstance()->closeQuestion(), true);
+}
+
+void cStrategicMap::onReplayDeclided(cView*) {
+    getInstance()->enterLevel(getInstance()->closeQuestion(), false);
+}
+
+void cStrategicMap::onBeginAnewConfirmed(cView*) {
+    const Int level = getInstance()->closeQuestion();
+    if (cGame* game = cGame::getInstance())
+        game->dropSavedLevel(level);
+    getInstance()->enterLevel(level, false);
+}
+
+void cStrategicMap::onBeginAnewDeclided(cView*) {
+    getInstance()->closeQuestion();
+}
+
+/// The player has seen how it all begins.
+void cStrategicMap::onEndComics() {
+    ENGINE_MARK;
+    ++cProfile::getInts()["started"];
+    cGame::openLevel(0);
+    updateView();
+    ask("skip_tutorial", -1, onSkipTutorialConfirmed, onSkipTutorialDeclided);
+}
+
+void cStrategicMap::onSkipTutorialConfirmed(cView*) {
+    getInstance()->closeQuestion();
+    getInstance()->completeTutorialLevels();
+}
+
+void cStrategicMap::onSkipTutorialDeclided(cView*) {
+    getInstance()->closeQuestion();
+}
+
 // The roll -----------------------------------------------------------------------------------------------------------
 
 Vector2 cStrategicMap::getEffectCenter(Int level) const {
-    if (const cStartPointInfo* node = findNode(level))
-        return node->getEffectCenter();
-    const cGraphics* graphics = cGraphics::getInstance();
-    return Vector2(static_cast<Float>(graphics->getWidth()), static_cast<Float>(graphics->getHeight())) * 0.5f;
+    const NODE* node = findNode(level);
+    return node ? node->getEffectCenter() : getScreen() * 0.5f;
 }
 
-void cStrategicMap::setEffectBegin(Int, Float) {
+void cStrategicMap::setEffectBegin(Int level, Float time, Bool rolls_in) {
+    constexpr Float usual_scale = 0.2f;
+    const NODE* node = findNode(level);
     showUI(false);
+    m_roll.restore();
+    m_roll.setEffectBegin(getScreen(), time, getEffectCenter(level), node ? node->getInitialScaleFactor() : usual_scale,
+                          m_fog_scale_factor);
+    if (!rolls_in)
+        m_roll.advance(time);
 }
 
-void cStrategicMap::rollEffect(Float, Bool) {
+void cStrategicMap::rollEffect(Float dt, Bool increase) {
+    m_roll.advance(increase ? dt : -dt);
 }
 
 void cStrategicMap::endRoll() {
+    m_roll.restore();
     showUI(true);
 }

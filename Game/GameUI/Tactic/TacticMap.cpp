@@ -233,7 +233,7 @@ void cTacticMap::startRoll(cLevelRoll::eDirection direction) {
     if (cStrategicMap* strategic = cStrategicMap::getInstance()) {
         const Int level = cProfile::getInts()["CurrentLevel"];
         place = strategic->getEffectCenter(level);
-        strategic->setEffectBegin(level, m_constants.new_level_effect_time);
+        strategic->setEffectBegin(level, m_constants.new_level_effect_time, direction == cLevelRoll::in);
     }
     m_objects->hide();
     absoluteEnable();  // until clear(): rolls and tasks go on there

@@ -49,6 +49,11 @@ enum eLevelStat : std::size_t {
     level_stat_count = 9
 };
 
+/// The failure of a level whose record can't be used.
+struct sDamagedRecord : String {
+    using String::String;
+};
+
 /// The level in play: the panel under which every level object hangs, and the registry through which they know of each
 /// other: the graph, the men, the goals, the stocks.
 ///
@@ -110,7 +115,7 @@ public:
     void loadLevelBackground();
     /// Puts the level into the player's record of it; nothing without a level.
     void saveBinLevel();
-    /// Throws "LevelMap.lvl, level <n>, saved: <what>" for a record that is cut or damaged.
+    /// Throws sDamagedRecord, "LevelMap.lvl, level <n>, saved: <what>", for a record that is cut or damaged.
     void loadBinLevel();
     /// Writes the record of the level: what is saved and what two runs are compared by.
     void writeLevel(Engine::iArch& arch);

@@ -23,6 +23,7 @@
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/GameUI/Tactic/Utils.h"
 #include "Game/Ui/Game.h"
+#include "Game/Ui/LevelHead.h"
 
 using namespace Engine;
 
@@ -188,16 +189,13 @@ void cTacticMap::addBackgroundTile(cLevelBackgroundObject* tile, Bool animated, 
 
 void cTacticMap::writeLevel(iArch& arch) {
     ENGINE_MARK;
-    serializeBool(arch, m_level_completed);
-    const std::vector<cBridge*> bridges = cUtils::getLevelBridges();
-    Int bridge_count = static_cast<Int>(bridges.size());
-    arch << bridge_count;
-    for (const cBridge* bridge : bridges) {
-        Int mark = bridge->getMark(true);
-        arch << mark;
-    }
-    Int previous_level = m_start_point ? m_start_point->getPrevLevel() : -1;
-    arch << previous_level << m_size;
+    sLevelHead head{.completed = m_level_completed, .marks = {}};
+    for (const cBridge* bridge : cUtils::getLevelBridges())
+        head.marks.push_back(bridge->getMark(true));
+    if (m_start_point)
+        head.previous_level = m_start_point->getPrevLevel();
+    head.serialize(arch);
+    arch << m_size;
     Int point_count = getPointCount();
     arch << point_count;
     for (sPointInfo& point : m_graph.getPoints())
@@ -236,18 +234,20 @@ void cTacticMap::loadBinLevel() {
     ENGINE_MARK;
     const Int level = getCurrentLevel();
     const auto reader = cGame::getInstance()->getSavedLevel(level)->createReader();
-    cLevelFile::withPlace(cLevelFile::getName(level) + ", saved", [&] { readLevel(*reader); });
+    try {
+        cLevelFile::withPlace(cLevelFile::getName(level) + ", saved", [&] { readLevel(*reader); });
+    } catch (const std::string& what) {
+        throw sDamagedRecord(what);
+    }
 }
 
 /// What writeLevel() wrote.
 void cTacticMap::readLevel(iArch& arch) {
     constexpr ULong least_point = 24;     // bytes
     constexpr ULong least_building = 60;  // bytes
-    serializeBool(arch, m_level_completed);
-    Int unused = 0;  // the marks and the previous level are there for the strategic map
-    for (Int left = readCount(arch, sizeof(Int), "bridges"); left > 0; --left)
-        arch << unused;
-    arch << unused;
+    sLevelHead head;                      // but for its first field there for the map of levels
+    head.serialize(arch);
+    m_level_completed = head.completed;
     serializeNumber(arch, m_size);
     cLevelFile::requireSize(m_size);
 

@@ -31,7 +31,7 @@ protected:
                       "<S size=\"20,20\" Enable=\"1\" ellipse_a=\"20\" ellipse_b=\"12\" speed=\"400\">"
                       "<BridgeTile size=\"16,16\" Visible=\"1\" Enable=\"1\"/></S>");
         program.write("GameUI/Strategic/StrategicMap.xml",
-                      "<Map Visible=\"1\" Enable=\"1\"><NodeButton size=\"20,20\"/><LevelNodes>"
+                      "<Map Visible=\"1\" Enable=\"1\"><NodeButton size=\"20,20\"/><FogPrototypes/><LevelNodes>"
                       "<N position=\"700,100\"/><N position=\"700,200\"/></LevelNodes></Map>");
         program.write("LevelMap.lvl", "<LevelMap>" + makeLevel(-1) + makeLevel(0) + "</LevelMap>");
         program.start();
