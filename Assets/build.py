@@ -53,6 +53,7 @@ DRAWN = {  # name: the module that draws its pictures without Blender
     "marks": "marks",
     "panel": "panel",
     "strategic": "strategic",
+    "market": "market",
 }
 
 LEVELS = "levels"  # the object that levels/make_levels.py makes

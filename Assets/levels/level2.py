@@ -26,6 +26,15 @@ BUILDINGS = [
     {"Type": 11, "point": 14, "Level": 0, "MinLevel": 0},
     {"Type": 10, "point": 18, "Level": 0, "MinLevel": 0},
     {"Type": 9, "point": 21, "Level": 0, "MinLevel": 0},
+    {"Type": 17, "point": 3, "Tasks": [
+        {"id": "farm_plan", "index": 0, "depends": "no", "repeat": 0, "product_id": 17, "src_cargo": {"Money": 30, "Wood": 2}},
+        {"id": "idol_plan", "index": 1, "depends": "no", "repeat": 0, "product_id": 26, "src_cargo": {"Money": 40, "Food": 4}},
+        {"id": "sell_food", "index": 2, "depends": "no", "repeat": 1, "src_cargo": {"Food": 2}, "dst_cargo": {"Money": 15}},
+        {"id": "buy_wood", "index": 3, "depends": "no", "repeat": 1, "src_cargo": {"Money": 12}, "dst_cargo": {"Wood": 2}},
+        {"id": "buy_stone", "index": 4, "depends": "no", "start_time": 60, "length": 90, "delay": 60, "repeat": 1,
+         "src_cargo": {"Money": 15}, "dst_cargo": {"Stone": 2}},
+        {"id": "first_iron", "index": 5, "depends": "farm_plan", "start_time": 30, "length": 240, "repeat": 0,
+         "src_cargo": {"Wood": 4}, "dst_cargo": {"Iron": 2}}]},
     {"Type": 15, "point": 30, "Tasks": [
         {"id": "first_raid", "depends": "no", "goal_type": 0, "task_parameter": 0, "goal_src": 23, "goal_dst": 25,
          "start_time": 240, "delay": 150, "repeat": 1},

@@ -87,8 +87,15 @@ def write_building(out, lv, building):
         if "Upgrades" in building:
             out.tag("Upgrades", lambda: [out.tag("Upgrade", UpgradeNumber=i, **row) for i, row in enumerate(building["Upgrades"])])
         if "Tasks" in building:
-            out.tag("Tasks", lambda: [out.tag("Task", **task) for task in building["Tasks"]])
+            out.tag("Tasks", lambda: [write_task(out, task) for task in building["Tasks"]])
     out.tag("Building", children, Type=keys.pop("Type"), Position=f"{x},{y}", **keys)
+
+
+def write_task(out, task):
+    """Of a bunker, or of a market: then with what is paid and what that gives."""
+    keys = {k: v for k, v in task.items() if not isinstance(v, dict)}
+    goods = {k: v for k, v in task.items() if isinstance(v, dict)}
+    out.tag("Task", (lambda: [out.tag(k, **v) for k, v in goods.items()]) if goods else None, **keys)
 
 
 def land_tiles(lv):

@@ -99,6 +99,11 @@ void cPriceList::blinkItem(UInt index) {
     at(index).view->blinkIcon();
 }
 
+void cPriceList::processItems() {
+    for (const sItem& item : m_items)
+        item.view->process();
+}
+
 // The view ---------------------------------------------------------------------------------------------------------
 
 WString cPriceList::makeText(const sItem& item, Bool with_plus) const {

@@ -31,6 +31,7 @@ public:
     Int getCompare(UInt index) const;
     const cIconText& getItem(UInt index) const;
     void blinkItem(UInt index);  ///< its icon
+    void processItems();         ///< a frame of what blinks, for a list whose own frames stand still
 
     Bool isCompact() const { return m_compact; }
     void setCompact(Bool compact) { m_compact = compact; }

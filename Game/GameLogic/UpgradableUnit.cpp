@@ -88,11 +88,15 @@ void cUpgradableUnit::updateUpgradeCargoCapacity() {
 // An order -----------------------------------------------------------------------------------------------------------
 
 Long cUpgradableUnit::beginOrder() {
+    takeOrder(getLevelMap().makeTransaction());
+    return m_order;
+}
+
+void cUpgradableUnit::takeOrder(Long transaction) {
     m_upgrade_cargo.clearCargo();
     updateUpgradeCargoCapacity();
     m_finished_men = 0;
-    m_order = getLevelMap().makeTransaction();
-    return m_order;
+    m_order = transaction;
 }
 
 Bool cUpgradableUnit::createUpgradeGoals() {
@@ -122,21 +126,26 @@ void cUpgradableUnit::orderUpgrade(const std::vector<cBuilding*>& providers, con
 Bool cUpgradableUnit::createDeliveryGoals(const std::vector<cBuilding*>& providers, const char* lack_text) {
     ENGINE_MARK;
     for (Int type = 0; type < resource_count; ++type) {
-        Int needed = getNeededResources(type) - m_upgrade_cargo.getCargo()[type];
+        const Int needed = getNeededResources(type) - m_upgrade_cargo.getCargo()[type];
         if (needed <= 0)
             continue;
         const Int own = takeOwnGoods(type, needed);
         addUpgradeResources(type, own);
-        needed -= own;
-        for (cBuilding* provider : providers) {
-            if (needed < 1)
-                break;
-            needed -= createDeliveryGoalForBuilding(provider, type, needed, m_order);
-        }
-        if (needed > 0 && createDeliveryGoalsForLoadingMen(type, m_order, needed) > 0)
-            throw lack_text;
+        sendFor(type, needed - own, providers, m_order, lack_text);
     }
     return !isEnoughForUpgrade();
+}
+
+void cUpgradableUnit::sendFor(Int type, Int needed, const std::vector<cBuilding*>& providers, Long trans,
+                              const char* lack_text) {
+    ENGINE_MARK;
+    for (cBuilding* provider : providers) {
+        if (needed < 1)
+            break;
+        needed -= createDeliveryGoalForBuilding(provider, type, needed, trans);
+    }
+    if (needed > 0 && createDeliveryGoalsForLoadingMen(type, trans, needed) > 0)
+        throw lack_text;
 }
 
 std::shared_ptr<cDeliveryGoal> cUpgradableUnit::getNewDeliveryGoal() {
@@ -219,17 +228,28 @@ Int cUpgradableUnit::grabFromMan(cFriendMan* man, Int type, Long trans, Int amou
     return taken;
 }
 
-void cUpgradableUnit::flyPrice(const Vector2& place, const Vector2& direction) const {
+void cUpgradableUnit::flyGoods(const sResourceCargo& goods, Int sign, const Vector2& place, const Vector2& direction) {
     constexpr Float gap = 50.0f;  ///< units
     Float offset = 1.0f;
     for (Int type = 0; type < resource_count; ++type) {
-        const Int needed = getNeededResources(type);
-        if (needed <= 0)
+        if (goods[type] <= 0)
             continue;
         const Vector2 at = place + direction * offset;
-        new cFlyingNumber(getLevelMap().getObjectsLayer(), at.x, at.y, -needed, type, false);
+        new cFlyingNumber(getLevelMap().getObjectsLayer(), at.x, at.y, sign * goods[type], type, false);
         offset = -std::copysign(std::abs(offset) + gap, offset);
     }
+}
+
+void cUpgradableUnit::flyPrice(const Vector2& place, const Vector2& direction) const {
+    sResourceCargo price;
+    for (Int type = 0; type < resource_count; ++type)
+        price[type] = getNeededResources(type);
+    flyGoods(price, -1, place, direction);
+}
+
+void cUpgradableUnit::endOrder(Long transaction) {
+    if (isOrder(transaction))
+        finishUpgrade();
 }
 
 void cUpgradableUnit::finishUpgrade() {

@@ -48,6 +48,7 @@ public:
     virtual void upgrade() = 0;                      ///< a builder is done
     virtual Bool degrade(Int amount) = 0;            ///< false if it doesn't fall
     virtual void finishUpgrade();                    ///< the order is over, done or not
+    virtual void endOrder(Long transaction);         ///< that order ends; nothing if it has none of that number
     virtual Int getGoalType() const;                 ///< of the goals whose men belong to it
     virtual const sResourceCargo& getPrice() const;  ///< of the next level; zero at the top
     virtual Int getNeededResources(Int type) const { return getPrice()[type]; }
@@ -115,12 +116,18 @@ protected:
                       const char* lack_text);
     /// Begins an order: its own number, no goods, no men done.
     Long beginOrder();
+    void takeOrder(Long transaction);  ///< begins one that has its number already
+    /// Orders so much from those stores, then from men on their way to one.
+    /// Throws that text where there are not enough goods on the level.
+    void sendFor(Int type, Int needed, const std::vector<cBuilding*>& providers, Long trans, const char* lack_text);
     /// Orders what it needs from those stores, then from men on their way to one. True if there is anything to bring.
     /// Throws that text where there are not enough goods on the level.
     Bool createDeliveryGoals(const std::vector<cBuilding*>& providers, const char* lack_text);
     virtual Int takeOwnGoods(Int, Int) { return 0; }  ///< of its own store, at once; gives the amount
-    /// The price flies up from that place of the screen, one number beside the other in that direction.
-    void flyPrice(const Vector2& place, const Vector2& direction) const;
+    /// Goods fly up from that place of the screen, one number beside the other in that direction.
+    /// @param sign  1: they have come; -1: they have gone
+    static void flyGoods(const sResourceCargo& goods, Int sign, const Vector2& place, const Vector2& direction);
+    void flyPrice(const Vector2& place, const Vector2& direction) const;  ///< which has gone
     /// One more builder is done. True for the last one.
     Bool countFinishedMan();
     /// Throws "cUpgradableUnit::createDeliveryGoalForBuilding(): needed amount < 0". Gives the amount ordered.

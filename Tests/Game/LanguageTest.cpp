@@ -65,7 +65,7 @@ protected:
 
     void gatherScreens() {
         FILE_NAME_LIST names;
-        for (const char* folder : {"ui/", "gameui/"})
+        for (const char* folder : {"ui/", "gameui/", "gamelogic/"})
             files.getIndexedFilenames(folder, names, true);
         for (const String& name : names) {
             if (getFileExt(name) != "xml")

@@ -4,13 +4,25 @@
 
 #include "Engine/Ui/Storage.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
+#include "Game/GameLogic/buildings/Market.h"
+#include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/buildings/Mill.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameLogic/roads/TransRoad.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
-/// Everything on the level that takes goods and men to rise.
+/// The trades of all markets, as they stand in their files.
+inline std::vector<cMarketTask*> getTrades() {
+    std::vector<cMarketTask*> res;
+    for (const cBuilding* building : cBuilding::getStorage()) {
+        if (const auto* market = dynamic_cast<const cMarket*>(building))
+            res.insert(res.end(), market->getTasks().begin(), market->getTasks().end());
+    }
+    return res;
+}
+
+/// Everything on the level that takes goods and men to rise, or to be traded.
 inline std::vector<cUpgradableUnit*> getUpgradableUnits() {
     std::vector<cUpgradableUnit*> res;
     for (cBuilding* building : cBuilding::getStorage()) {
@@ -24,6 +36,8 @@ inline std::vector<cUpgradableUnit*> getUpgradableUnits() {
     add_all(Engine::cStorage<cTransRoad>::getStorage());
     add_all(Engine::cStorage<cPlayerFence>::getStorage());
     add_all(Engine::cStorage<cPlayerBridgeRoad>::getStorage());
+    const std::vector<cMarketTask*> trades = getTrades();
+    res.insert(res.end(), trades.begin(), trades.end());
     return res;
 }
 
@@ -44,6 +58,8 @@ struct sLedger {
         }
         for (const cUpgradableUnit* unit : getUpgradableUnits())
             res.on_units.add(unit->getUpgradeCargo().getCargo());
+        for (const cMarketTask* trade : getTrades())
+            res.on_units.add(trade->getKeptGoods());
         for (const cFriendMan* man : map.getMen())
             res.carried.add(man->getCargo());
         for (const cMan* man : map.getEnemies())

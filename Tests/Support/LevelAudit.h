@@ -2,6 +2,7 @@
 
 #include <map>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "Tests/Support/Ledger.h"
@@ -10,9 +11,9 @@ class cGoal;
 
 /// Looks after every frame of a level whether it still adds up.
 ///
-/// Goods only get fewer as they are built in or paid for men, and only more by what mills make. What stores have
-/// promised is what goals are to fetch there. An order has all it needs on its way. Each man is in the list that his
-/// goal says, has a place or is on his way, and does not stand in his work for ever.
+/// Goods only get fewer as they are built in, traded or paid for men, and only more by what mills make and trades give.
+/// What stores have promised is what goals are to fetch there. An order has all it needs on its way. Each man is in the
+/// list that his goal says, has a place or is on his way, and does not stand in his work for ever.
 class cLevelAudit {
 public:
     /// The level as it is now is where counting begins.
@@ -47,7 +48,9 @@ private:
     Int m_men_bought = 0;
     Int m_mill_levels = 0;
     std::map<Int, Int> m_mills_at_work;  ///< by what they make
-    std::vector<const cGoal*> m_goals;   ///< those that wait and those that men have
+    Int m_deals = 0;
+    std::vector<std::pair<const cMarketTask*, std::size_t>> m_trades_at_work;  ///< with their orders
+    std::vector<const cGoal*> m_goals;  ///< those that wait and those that men have
     std::set<const cGoal*> m_waiting;
     UInt m_last_goal = 0;  ///< its number
     std::map<Int, long> m_goal_counts;

@@ -256,12 +256,15 @@ TEST_F(Datatool, findsWhatTheGameWouldStumbleOver) {
 
 TEST_F(Datatool, findsLevelsThatCannotBePlayed) {
     const std::string many_faults =
-        "<Level Size=\"100,100\">" + makePoints({"10,10", "20,20", "30,30", "40,40", "50,500", "60,60", "70,70"}) +
-        "<Arcs>" + makeArc(0, 1, 3) + makeArc(2, 0, 5) + makeArc(0, 3, 3) + makeArc(1, 0, 3) + makeArc(4, 0, 0) +
+        "<Level Size=\"100,100\">" +
+        makePoints({"10,10", "20,20", "30,30", "40,40", "50,500", "60,60", "70,70", "80,80"}) + "<Arcs>" +
+        makeArc(0, 1, 3) + makeArc(2, 0, 5) + makeArc(0, 3, 3) + makeArc(1, 0, 3) + makeArc(4, 0, 0) +
         makeArc(5, 0, 0) + "</Arcs><Buildings>" + makeBuilding(8, 0) + makeBuilding(9, 0) +
         makeBuilding(14, 1, "<Upgrades><U/></Upgrades>") + makeBuilding(9, 77) + makeBuilding(19, 2) +
         "<B Type=\"7\" Position=\"-1,0\" src_point=\"8\"/>" +
         makeBuilding(15, 3, "<Tasks><T goal_src=\"9\"/></Tasks>") +
+        makeBuilding(17, 6,
+                     "<Tasks><T id=\"a\" depends=\"b\"/><T id=\"a\" depends=\"no\" product_id=\"34\"/></Tasks>") +
         "<B Type=\"14\" NextLevel=\"7\"><Points><P index=\"5\"/></Points>" + two_rows + "</B></Buildings><BackGround>" +
         R"(<T Type="0" Picture="a.png"/><T Type="3" Picture="tree.png"/></BackGround></Level>)";
     writeGame("bad", makeLevel(1, 9) + many_faults + makeLevel(0, 14) + makeLevel(0, 0) +
@@ -272,7 +275,7 @@ TEST_F(Datatool, findsLevelsThatCannotBePlayed) {
     const std::string no_one = "so nobody can win it\n";
     for (const std::string& line : {"LevelMap.lvl: level 0: no way leads from the start point to a bridge, " + no_one,
                                     level1 + "Points 4: \"Pos\" lies outside of \"Size\"\n",
-                                    level1 + "Points 6: no arc leads there\n",
+                                    level1 + "Points 7: no arc leads there\n",
                                     level1 + "Points 0: 3 fences of the player meet",
                                     level1 + "Arcs 3: the arc 1 - 0 is there twice",
                                     level1 + "Buildings 1: point 0 lies under building 0 already\n",
@@ -283,7 +286,10 @@ TEST_F(Datatool, findsLevelsThatCannotBePlayed) {
                                     level1 + "Buildings 5: it stands on no point\n",
                                     level1 + "Buildings 5: \"src_point\" is 8, which is no point\n",
                                     level1 + "Buildings 6: \"goal_src\" is 9, which is no point\n",
-                                    level1 + "Buildings 7: \"NextLevel\" is 7, which is no level\n",
+                                    level1 + "Buildings 7: two trades are called \"a\"\n",
+                                    level1 + "Buildings 7: a trade depends on \"b\", which is none of them\n",
+                                    level1 + "Buildings 7: there is no product 34\n",
+                                    level1 + "Buildings 8: \"NextLevel\" is 7, which is no level\n",
                                     level1 + "BackGround 0: there is no picture \"L/t_a.png\"\n",
                                     level1 + "BackGround 1: there is no picture \"tree.png\"\n",
                                     std::string("LevelMap.lvl: level 2, Arcs 1: no arc type 14\n"),
@@ -292,7 +298,7 @@ TEST_F(Datatool, findsLevelsThatCannotBePlayed) {
                                     "LevelMap.lvl: level 6: no way leads from the start point to a bridge, " + no_one})
         EXPECT_NE(found.out.find(line), String::npos) << line << "\nin\n" << found.out;
     EXPECT_EQ(found.out.find("level 3"), String::npos) << found.out;
-    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 21) << found.out;
+    EXPECT_EQ(std::count(found.out.begin(), found.out.end(), '\n'), 24) << found.out;
 
     directory.write("bad/LevelMap.lvl", "<LevelMap><Level>");
     EXPECT_NE(run("check @bad").out.find("LevelMap.lvl: no element found line 1"), String::npos);

@@ -187,6 +187,12 @@ constexpr sClass classes[] = {
     {"StartPoint", "Building CaravanWay", "", ""},
     {"Bunker", "Building", "random_start random_delay visible_targets_amount", "Progress:ProgressFloatExt"},
     {"Market", "Building", "random_period random_duration progress_panel_pos progress_panel_offset", ""},
+    {"MarketTask", "TicksHolder", "", "Upgrades:Upgrade* Progress:ProgressFloatExt"},
+    {"TradeButton", "PanelBuyButton", "", "Icon:Picture"},
+    {"ShopMenu", "Back", "upgrade_tasks_distance upgrade_price_offset market_tasks_distance market_tasks_columns",
+     "UpgradeTaskButton:TradeButton MarketTaskButtonMany:TradeButton MarketTaskButtonOne:TradeButton "
+     "SrcPriceList:PriceList DstPriceList:PriceList UpgradesText:TextLine MarketText:TextLine NothingText:TextLine "
+     "ContinueButton:TextButton"},
     {"Port", "Market", "mask_angle", "ShipProgress:ProgressFloatExt"},
     {"Man", "LevelObject FieldObject",
      "speed_by_road cross_country_speed speed_with_cargo turn_distance delta_yaw kick_delta default_capacity "
@@ -273,6 +279,7 @@ constexpr sDocument documents[] = {
     {"GameLogic/FriendMan.xml", "Man"},
     {"GameLogic/Idol.xml", "Idol"},
     {"GameLogic/IronMill.xml", "Mill"},
+    {"GameLogic/MarketTask.xml", "MarketTask"},
     {"GameLogic/PlayerBridgeRoad.xml", "BridgeRoad"},
     {"GameLogic/PlayerCatapult.xml", "PlayerCatapult"},
     {"GameLogic/PlayerFence.xml", "Fence"},
@@ -280,6 +287,7 @@ constexpr sDocument documents[] = {
     {"GameLogic/Road.xml", "Road"},
     {"GameLogic/RoadEnemy.xml", "Road"},
     {"GameLogic/Shop.xml", "Market"},
+    {"GameLogic/ShopMenu.xml", "ShopMenu"},
     {"GameLogic/StartPoint.xml", "StartPoint"},
     {"GameLogic/StoneMill.xml", "Mill"},
     {"GameLogic/Target.xml", "Target"},

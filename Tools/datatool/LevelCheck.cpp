@@ -14,6 +14,7 @@
 #include "Game/GameUI/Tactic/LevelFile.h"
 #include "Game/GameUI/Tactic/LevelGraph.h"
 #include "Game/GameUI/Tactic/TacticConstants.h"
+#include "Game/Ui/Game.h"
 
 namespace Datatool {
 
@@ -262,11 +263,35 @@ private:
         } else if (type == objectEnemyCatapult) {
             requirePoint(index, tag, u"src_point", "src_point");
             requirePoint(index, tag, u"dst_point", "dst_point");
+        } else if (type == objectShop || type == objectPort) {
+            checkTrades(index, tag);
         }
         forEachChild(tag, "Tasks", [&](UInt, const iXML& task) {
             requirePoint(index, task, u"goal_src", "goal_src");
             requirePoint(index, task, u"goal_dst", "goal_dst");
             requirePoint(index, task, u"dock_number", "dock_number");
+        });
+    }
+
+    void checkTrades(UInt index, const iXML& tag) const {
+        std::set<String> ids;
+        const auto read = [](const iXML& task, const char16_t* key) {
+            String res;
+            readKey(task, key, res);
+            return res;
+        };
+        forEachChild(tag, "Tasks", [&](UInt, const iXML& task) {
+            const String id = read(task, u"id");
+            if (!ids.insert(id).second)
+                complain("Buildings", index, "two trades are called \"" + id + "\"");
+        });
+        forEachChild(tag, "Tasks", [&](UInt, const iXML& task) {
+            const String depends = read(task, u"depends");
+            if (!depends.empty() && depends != "no" && !ids.contains(depends))
+                complain("Buildings", index, "a trade depends on \"" + depends + "\", which is none of them");
+            const Int product = readInt(task, u"product_id", -1);
+            if (product < -1 || product >= static_cast<Int>(cGame::product_count))
+                complain("Buildings", index, "there is no product " + std::to_string(product));
         });
     }
 

@@ -10,12 +10,16 @@
 #include "Engine/core/iXML.h"
 #include "Engine/graphics/Graphics.h"
 #include "Game/GameLogic/Barrier.h"
+#include "Game/GameLogic/buildings/Market.h"
+#include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/buildings/Mill.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/ControlPanel.h"
+#include "Game/GameUI/Tactic/MarketMenu.h"
 #include "Game/GameUI/Tactic/PanelButtons.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/GameUI/Tactic/TradeButton.h"
 #include "Game/Ui/Game.h"
 #include "Game/Ui/GameMenu.h"
 
@@ -25,7 +29,8 @@ namespace Simulate {
 
 namespace {
 
-constexpr Float edge = 60.0f;  ///< units from the screen's sides in which nothing is clicked
+constexpr Int frames_to_open = 5;  ///< that a window takes at most
+constexpr Float edge = 60.0f;      ///< units from the screen's sides in which nothing is clicked
 
 cTacticMap& map() {
     return *cTacticMap::getInstance();
@@ -151,8 +156,7 @@ void cPlayer::perform(const sAction& action) {
     if (what == "buy")
         return buy(words);
     if (what == "trade")
-        return refuse(action.words.size() > 1 ? what + " " + words[1] + ": there is nothing to click yet"
-                                              : what + ": there is nothing to click yet");
+        return trade(words);
     throw String("there is no action \"") + what + "\"";
 }
 
@@ -278,6 +282,47 @@ void cPlayer::buy(const WORDS& words) {
     pressAndRelease();
 }
 
+void cPlayer::trade(const WORDS& words) {
+    requireCount(words, 4);
+    const auto* market = dynamic_cast<const cMarket*>(findBuilding(toInt(words[1]), toInt(words[2])));
+    if (!market)
+        throw String("a building of type ") + words[1] + " is no market";
+    const Int index = toInt(words[3]);
+    const auto& tasks = market->getTasks();
+    const auto task =
+        std::find_if(tasks.begin(), tasks.end(), [index](const auto* one) { return one->getIndex() == index; });
+    if (task == tasks.end())
+        throw String("that market has no trade with the index ") + words[3];
+    if (map().isLocked() || !market->isPlayerConnected())
+        return refuse("trade: the market can't be opened now");
+    pointAt([market] { return market->getMapCenter(); });
+    pressAndRelease();
+    m_movements.push_back([this, task = *task, left = frames_to_open]() mutable {
+        if (cMarketMenu::getInstance())
+            chooseTrade(*task);
+        else if (left-- > 0)
+            return false;
+        else
+            refuse("trade: something lies over the market");
+        return true;
+    });
+}
+
+/// In the window that is coming into sight.
+void cPlayer::chooseTrade(const cMarketTask& task) {
+    m_movements.push_back([] { return cMarketMenu::getInstance()->getTransparencyMode() == cView::noFade; });
+    const cTutuorialShopButton* button = cMarketMenu::getInstance()->findButton(task);
+    if (button && task.isAllowed()) {
+        m_movements.push_back([this, button] {
+            m_stage.getMachine().move(button->getPosition());
+            return true;
+        });
+        return pressAndRelease();
+    }
+    refuse(String("trade: \"") + task.getId() + (button ? "\" can't be had now" : "\" is not on offer"));
+    pressEscape();
+}
+
 /// The middle of a button, as its screen's file places it.
 void cPlayer::clickMenu(const std::string& file, const std::string& tag) {
     m_movements.push_back([this, file, tag] {
@@ -293,15 +338,19 @@ void cPlayer::clickMenu(const std::string& file, const std::string& tag) {
     pressAndRelease();
 }
 
-void cPlayer::openMenu(const std::string& tag) {
+void cPlayer::pressEscape() {
     constexpr unsigned escape = 1;
-    if (map().isLocked())
-        return refuse(tag + ": the level takes no input");
     for (const bool pressed : {true, false})
         m_movements.push_back([this, pressed] {
             m_stage.getMachine().pushKey(escape, pressed);
             return true;
         });
+}
+
+void cPlayer::openMenu(const std::string& tag) {
+    if (map().isLocked())
+        return refuse(tag + ": the level takes no input");
+    pressEscape();
     m_movements.push_back([] { return cGameMenu::getInstance()->isShown(); });
     clickMenu("UI/GameMenu.xml", tag);
     confirm();

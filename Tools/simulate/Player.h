@@ -14,6 +14,7 @@ namespace Engine {
 class cControl;
 }
 class cBuilding;
+class cMarketTask;
 
 namespace Simulate {
 
@@ -39,6 +40,9 @@ private:
     void click(const WORDS& words);
     void drag(const WORDS& words);
     void buy(const WORDS& words);
+    void trade(const WORDS& words);
+    void chooseTrade(const cMarketTask& task);
+    void pressEscape();
     void query(const WORDS& words);
     void clickMenu(const std::string& file, const std::string& tag);
     void openMenu(const std::string& tag);

@@ -8,6 +8,8 @@
 #include "Engine/core/Random.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/buildings/Bridge.h"
+#include "Game/GameLogic/buildings/Market.h"
+#include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/buildings/Mill.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/goals/Goal.h"
@@ -73,6 +75,19 @@ ordered_json tellPoint(const sPointInfo& point) {
     return res;
 }
 
+void tellMarket(ordered_json& res, const cMarket& market) {
+    res["clock"] = market.getMarketTime();
+    res["schedule"] = ordered_json::array();
+    for (const cMarket::sEntry& entry : market.getSchedule())
+        res["schedule"].push_back({{"id", entry.task->getId()}, {"time", entry.time}});
+    res["trades"] = ordered_json::array();
+    for (const cMarketTask* task : market.getTasks())
+        res["trades"].push_back({{"index", task->getIndex()},
+                                 {"id", task->getId()},
+                                 {"active", task->isActive()},
+                                 {"done", task->isDone()}});
+}
+
 ordered_json tellBuilding(const cBuilding& building) {
     const auto* unit = dynamic_cast<const cUpgradableUnit*>(&building);
     ordered_json res;
@@ -89,6 +104,8 @@ ordered_json tellBuilding(const cBuilding& building) {
         res["delivered"] = tell(unit->getUpgradeCargo().getCargo());
     if (const auto* mill = dynamic_cast<const cMill*>(&building))
         res["loads"] = mill->getLoads();
+    if (const auto* market = dynamic_cast<const cMarket*>(&building))
+        tellMarket(res, *market);
     return res;
 }
 

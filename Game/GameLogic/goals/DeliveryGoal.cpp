@@ -2,6 +2,7 @@
 
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Log.h"
+#include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/buildings/Mill.h"
 #include "Game/GameLogic/men/Man.h"
 #include "Game/GameLogic/men/tasks/ManWalkByEllipseTask.h"
@@ -134,4 +135,20 @@ Bool cDeliveryRoadGoal::filter(Long trans_id) {
 
 Int cDeliveryRoadGoal::chooseDst() const {
     return getUnit() ? getUnit()->findClosestPoint(*getMan(), getSrc()) : -1;
+}
+
+Bool cDeliveryMarketGoal::filter(Long trans_id) {
+    if (!getUnit())
+        setCancelled(true);
+    return getUnit() && cDeliveryRoadGoal::filter(trans_id);
+}
+
+void cDeliveryMarketGoal::doFinalWork() {
+    ENGINE_MARK;
+    auto* trade = dynamic_cast<cMarketTask*>(getUnit());
+    const Int type = getCargoType();
+    if (!trade || !trade->keepForLater(getTransactionId(), type, getMan()->getCargo()[type]))
+        return cDeliveryRoadGoal::doFinalWork();
+    getMan()->setCargo({});
+    releaseMan();
 }

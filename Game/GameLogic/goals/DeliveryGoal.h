@@ -39,3 +39,13 @@ protected:
     cUpgradableUnit* findReceiver() const override { return getUnit(); }
     Int chooseDst() const override;
 };
+
+/// Brings goods to a trade of a market. One whose order waits behind another is not handed out; a man who was on his
+/// way with such a load when it was ordered brings it all the same, and the trade keeps it for that order.
+class cDeliveryMarketGoal : public cDeliveryRoadGoal {
+public:
+    explicit cDeliveryMarketGoal(cUpgradableUnit* trade) : cDeliveryRoadGoal(-1, -1, -1, trade, goalDeliveryMarket) {}
+
+    Bool filter(Long trans_id) override;
+    void doFinalWork() override;
+};

@@ -32,9 +32,8 @@ void cUpgradeGoal::doFinalWork() {
 
 void cUpgradeGoal::giveBack() {
     ENGINE_MARK;
-    cUpgradableUnit* unit = findUnit();
-    if (unit && unit->isOrder(getTransactionId()))
-        unit->finishUpgrade();
+    if (cUpgradableUnit* unit = findUnit())
+        unit->endOrder(getTransactionId());
 }
 
 cMarketGoal::cMarketGoal(Int point, cUpgradableUnit* unit) : cUpgradeGoal(goalMarket) {
@@ -43,7 +42,11 @@ cMarketGoal::cMarketGoal(Int point, cUpgradableUnit* unit) : cUpgradeGoal(goalMa
 }
 
 Bool cMarketGoal::filter(Long trans_id) {
-    return !getUnit() || getUnit()->getUpgradeState() == cUpgradableUnit::waitingForResources ||
+    if (!getUnit()) {
+        setCancelled(true);
+        return false;
+    }
+    return getUnit()->getUpgradeState() == cUpgradableUnit::waitingForResources ||
            getUnit()->keepsWaiting(*this, trans_id);
 }
 

@@ -148,6 +148,11 @@ void cControlPanel::showLack(const sResourceCargo& need, Int men) {
         m_men_text->blinkIcon();
 }
 
+void cControlPanel::processLack() {
+    m_resources->processItems();
+    m_men_text->process();
+}
+
 Bool cControlPanel::pointInRect(const Vector2& pnt) const {
     return std::any_of(m_parts.begin(), m_parts.end(), [&](const cControl* part) {
         const Vector2 way = pnt - part->getPosition();

@@ -56,6 +56,7 @@ public:
     void updateView();
     /// Points out what there is too little of, with the sound of a wrong action.
     void showLack(const sResourceCargo& need, Int men);
+    void processLack();  ///< a frame of that while the level itself stands still
     /// Does any part of the panel that is shown hold the point of the screen?
     Bool pointInRect(const Vector2& pnt) const;
 

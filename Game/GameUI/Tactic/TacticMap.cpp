@@ -29,6 +29,7 @@
 #include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/LevelBackgroundObject.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
+#include "Game/GameUI/Tactic/MarketMenu.h"
 #include "Game/GameUI/Tactic/TacticLog.h"
 #include "Game/GameUI/Tactic/Utils.h"
 #include "Game/Ui/Game.h"
@@ -289,6 +290,8 @@ void cTacticMap::clear() {
     m_input_off = true;
     m_dispatch_enabled = false;
     m_locked = true;
+    if (cMarketMenu* menu = cMarketMenu::getInstance())
+        menu->closeMenu();
     setDragMode(false);
     unbindAll();
     m_shown_targets.clear();
@@ -457,10 +460,14 @@ void cTacticMap::showMainMenu() {
     cGame::leaveForMainMenu();
 }
 
-void cTacticMap::showGameMenu() {
-    ENGINE_MARK;
+void cTacticMap::suspend() {
     setDragMode(false);
     stopInput();
+}
+
+void cTacticMap::showGameMenu() {
+    ENGINE_MARK;
+    suspend();
     if (cGameMenu* menu = cGameMenu::getInstance()) {
         menu->show();
         menu->enable();
@@ -471,8 +478,7 @@ void cTacticMap::goBack() {
     ENGINE_MARK;
     if (m_locked || !m_start_point || m_start_point->getPrevLevel() < 0)
         return;
-    setDragMode(false);
-    stopInput();
+    suspend();
     m_start_point->askToGoBack();
 }
 

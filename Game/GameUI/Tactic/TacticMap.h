@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <vector>
 
 #include "Engine/core/Singleton.h"
@@ -29,6 +29,7 @@ class cGoalsList;
 class cLevelBackgroundObject;
 class cLevelObject;
 class cMan;
+class cMarketTask;
 class cRoad;
 class cRoadPlan;
 class cRoadPrice;
@@ -95,8 +96,9 @@ public:
     void showStrategicMap();
     void showMainMenu();
     void showGameMenu();
-    void goBack();  ///< to the level before, if there is one and the player confirms it
-    void resume();  ///< back from the game menu or from a question
+    void goBack();   ///< to the level before, if there is one and the player confirms it
+    void suspend();  ///< something lies over the level and takes the input: until resume()
+    void resume();   ///< back from the game menu, from a question or from a market
     /// Removes what is only a plan: before saving.
     void deleteTemporaryObjects();
     void deleteEnemies();
@@ -238,7 +240,11 @@ public:
     void addProduct(Int product_id, Int amount);
     void setProduct(Int product_id, Int amount);
     Int getProduct(Int product_id) const;
+    static Bool isPlan(Int product_id);  ///< that a shop sells, and without which no bridge is left
+    /// The plans among these trades that nobody has bought bind the level's bridges.
+    void saveUpgrades(const std::vector<cMarketTask*>& tasks);
     void removeUpgrade(Int product_id) { m_upgrades.erase(product_id); }
+    const std::map<Int, cMarketTask*>& getUpgrades() const { return m_upgrades; }  ///< those plans, by their products
 
     // What is seen ---------------------------------------------------------------------------------------------------
 
@@ -370,9 +376,9 @@ private:
     Long m_transactions = 0;          ///< so many there were on this level so far
     Long m_current_transaction = -1;  ///< the one that has priority; -1 for none
     Bool m_dispatch_enabled = false;
-    Float m_tasks_timer = 0.25f;    ///< seconds to the next dispatch
-    Float m_man_idle_timer = 0.0f;  ///< seconds
-    std::set<Int> m_upgrades;       ///< plans that shops of the level offer and nobody has bought
+    Float m_tasks_timer = 0.25f;             ///< seconds to the next dispatch
+    Float m_man_idle_timer = 0.0f;           ///< seconds
+    std::map<Int, cMarketTask*> m_upgrades;  ///< plans that shops of the level offer and nobody has bought; not owned
     std::array<Int, level_stat_count> m_level_stats{};
     cStartPoint* m_start_point = nullptr;
 

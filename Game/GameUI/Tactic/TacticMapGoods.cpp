@@ -5,6 +5,7 @@
 #include "Engine/Ui/Profile.h"
 #include "Engine/core/CallStack.h"
 #include "Game/GameLogic/buildings/Building.h"
+#include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/goals/Goal.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
@@ -98,8 +99,21 @@ Int cTacticMap::consumeResourcesFromLoadingMen(Int type, Int amount) {
 void cTacticMap::addProduct(Int product_id, Int amount) {
     Int& owned = cProfile::getInts()[getProductKey(product_id)];
     owned = addUpTo(owned, amount);
-    if (product_id >= first_plan && product_id <= last_plan)
+    if (isPlan(product_id))
         removeUpgrade(product_id);
+}
+
+Bool cTacticMap::isPlan(Int product_id) {
+    return product_id >= first_plan && product_id <= last_plan;
+}
+
+void cTacticMap::saveUpgrades(const std::vector<cMarketTask*>& tasks) {
+    for (cMarketTask* task : tasks) {
+        if (!task->isPlan() || task->isDone())
+            continue;
+        setProduct(task->getProductId(), 0);
+        m_upgrades.insert_or_assign(task->getProductId(), task);
+    }
 }
 
 void cTacticMap::setProduct(Int product_id, Int amount) {

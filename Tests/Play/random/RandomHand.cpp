@@ -4,11 +4,15 @@
 #include <array>
 
 #include "Engine/graphics/Graphics.h"
+#include "Game/GameLogic/buildings/Market.h"
+#include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/buildings/Mill.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/ControlPanel.h"
+#include "Game/GameUI/Tactic/MarketMenu.h"
 #include "Game/GameUI/Tactic/PanelButtons.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/GameUI/Tactic/TradeButton.h"
 
 namespace {
 
@@ -21,6 +25,20 @@ cTacticMap& map() {
 Vector2 getScreenSize() {
     const auto* graphics = Engine::cGraphics::getInstance();
     return {static_cast<Float>(graphics->getWidth()), static_cast<Float>(graphics->getHeight())};
+}
+
+std::vector<const cMarketTask*> getOffers() {
+    std::vector<const cMarketTask*> res;
+    for (const cBuilding* building : cBuilding::getStorage()) {
+        const auto* market = dynamic_cast<const cMarket*>(building);
+        if (!market)
+            continue;
+        for (const cMarketTask* task : market->getTasks()) {
+            if (cMarketMenu::getInstance()->findButton(*task))
+                res.push_back(task);
+        }
+    }
+    return res;
 }
 
 }  // namespace
@@ -267,6 +285,8 @@ void cRandomHand::buy() {
 
 /// Menus and questions stand in the middle of the screen.
 void cRandomHand::answer() {
+    if (cMarketMenu::getInstance() && draw(4) != 0)
+        return trade();
     constexpr UInt width = 300;
     constexpr UInt height = 440;
     note("answer");
@@ -275,6 +295,18 @@ void cRandomHand::answer() {
     const Vector2 corner = (getScreenSize() - Vector2(width, height)) * 0.5f;
     const auto x = static_cast<Float>(draw(width));
     pointAtScreen(corner + Vector2(x, static_cast<Float>(draw(height))));
+    click();
+    wait(2);
+}
+
+/// With whatever the market offers.
+void cRandomHand::trade() {
+    const auto trades = getOffers();
+    if (trades.empty())
+        return pressKey(escape);
+    const auto* button = cMarketMenu::getInstance()->findButton(*trades[draw(static_cast<UInt>(trades.size()))]);
+    note("trade " + button->getTask().getId());
+    pointAtScreen(button->getPosition());
     click();
     wait(2);
 }

@@ -46,6 +46,7 @@ private:
     void dragTo(const Vector2& from, const Vector2& to);
     void dragRoad();
     void buy();
+    void trade();  ///< in a market's window
     void flurry();
     void wait(UInt frames);
 
