@@ -99,6 +99,12 @@ def _upgrade():
     _save(widgets.on_shadow(_hammer(ordered, (21.5, 22.5), 21, 0.6), 2, 2), "upgrade_ordered")
 
 
+def _go_on():
+    """Where the way leads on: an arrow to the right on a disc."""
+    ground = _gilded(_medal("go_on"), _arrow().transpose(Image.ROTATE_270), (12, 33))
+    _save(widgets.on_shadow(ground, 2, 2), "go_on")
+
+
 # The left side: what a mill has to fetch ------------------------------------------------------------------------------
 
 PLATE = 46
@@ -243,6 +249,7 @@ def _bomb():
 
 def draw():
     _upgrade()
+    _go_on()
     _unload()
     _bars()
     _ticks()

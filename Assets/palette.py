@@ -18,7 +18,7 @@ COLOURS = {
     "plaster": "eddab4", "timber": "5f3d22", "plank": "a8743f", "plank_light": "c08a4e", "plank_dark": "7d522b",
     "roof": "b5482e", "roof_dark": "94382a", "slate": "6d6f78", "thatch": "c79d52", "stone": "ab9f8c",
     "stone_dark": "867b6c", "canvas": "f2e2bf", "iron": "4d4843", "gold": "e9b440", "fire": "ff9a2e", "window": "f7c964",
-    "rope": "c8a566", "cobalt": "3f6390", "paint_red": "a83a2b", "cream": "fff1cf", "ink": "3a2416",
+    "rope": "c8a566", "silver": "a9bfdc", "cobalt": "3f6390", "paint_red": "a83a2b", "cream": "fff1cf", "ink": "3a2416",
     # living things
     "log": "4f4038", "log_light": "65524a", "enemy_red": "b3222a", "enemy_shirt": "4a3f4c",
     "skin": "dba376", "shirt_red": "c14a34", "shirt_blue": "4a71a0", "shirt_green": "6d8b3d", "trousers": "57402c",

@@ -232,8 +232,11 @@ def fence(length=4.0):
     return m.build(0.02)
 
 
-def cart(cover="canvas", band="paint_red"):
-    """A covered wagon that rolls along +x; the shaft reaches to x = 2.6."""
+def cart(cover="canvas", band="paint_red", spin=0.0, opened=0.0):
+    """A covered wagon that rolls along +x; the shaft reaches to x = 2.6.
+
+    spin: how far its wheels have turned, radians; opened: how much of its cover is rolled back, 0 to 1.
+    """
     m = scene.Model("cart", cover + band)
     m.box((0, 0, 0.95), (2.9, 1.3, 0.14), "plank")
     for y in (-0.68, 0.68):
@@ -244,29 +247,36 @@ def cart(cover="canvas", band="paint_red"):
     n = 7
     for i in range(n):
         a, b = math.pi * i / n, math.pi * (i + 1) / n
-        arc = [(x, 0.74 * math.cos(t) * 1.02, 1.5 + 0.95 * math.sin(t)) for t in (a, b) for x in (-1.4, 1.4)]
+        arc = [(x, 0.74 * math.cos(t) * 1.02, 1.5 + 0.95 * math.sin(t)) for t in (a, b) for x in (-1.4, 1.4 - 2.45 * opened)]
         m.add(arc, [(0, 1, 3, 2)], cover)
         for x in (-1.42, 0.0, 1.42):
             beam(m, (x, 0.77 * math.cos(a), 1.5 + 0.98 * math.sin(a)), (x, 0.77 * math.cos(b), 1.5 + 0.98 * math.sin(b)), 0.09, "plank_light")
-    for x, tip in ((-1.38, 0.25), (1.38, -0.25)):
+        if opened:
+            x = 1.4 - 2.45 * opened  # the roll of what is no longer spread
+            beam(m, (x, 0.8 * math.cos(a), 1.5 + math.sin(a)), (x, 0.8 * math.cos(b), 1.5 + math.sin(b)), 0.14 + 0.14 * opened, cover)
+    for x, tip in ((-1.38, 0.25), (1.38, -0.25))[:1 if opened else 2]:
         end = [(x, 0.74 * math.cos(math.pi * i / n), 1.5 + 0.95 * math.sin(math.pi * i / n)) for i in range(n + 1)]
         m.add(end, [tuple(range(n + 1))], "soil")
     for x in (-0.95, 0.95):
         for y in (-0.85, 0.85):
-            m.wheel((x, y, 0.62), 0.62, "timber", rim=0.12, width=0.14)
+            m.wheel((x, y, 0.62), 0.62, "timber", rim=0.12, width=0.14, spin=spin)
     beam(m, (1.4, 0, 0.75), (3.6, 0, 0.85), 0.11, "timber")
     return m.build(0.015)
 
 
-def ox(colour="ox", patch="ox_light"):
-    """A brindled ox that looks along +x."""
+def ox(colour="ox", patch="ox_light", stride=None):
+    """A brindled ox that looks along +x; stride: how far through its step it is, 0 to 1, none where it stands."""
     m = scene.Model("ox", colour)
     m.blob((0, 0, 1.05), (0.98, 0.46, 0.5), colour, rough=0.04)
     m.blob((0.62, 0, 1.22), (0.45, 0.4, 0.5), colour, rough=0.04)
     m.blob((-0.45, 0, 1.12), (0.4, 0.47, 0.45), patch, rough=0.05)
     for x in (-0.62, 0.6):
         for y in (-0.24, 0.24):
-            m.prism((x, y, 0), 0.1, 0.16, 0.9, 6, colour)
+            if stride is None:
+                m.prism((x, y, 0), 0.1, 0.16, 0.9, 6, colour)
+                continue
+            step = 2 * math.pi * (stride + (0.5 if (x < 0) == (y < 0) else 0.0))
+            beam(m, (x, y, 0.9), (x + 0.34 * math.sin(step), y, 0.16 * max(0.0, math.cos(step))), 0.24, colour)
     m.blob((1.18, 0, 1.3), (0.36, 0.22, 0.25), colour, rough=0.03)
     m.blob((1.45, 0, 1.2), (0.16, 0.17, 0.16), patch, rough=0.03)
     for y in (-1, 1):

@@ -140,7 +140,12 @@ def gate(wood, opened):
     return m
 
 
-BRIDGES = {"": (bridge_deck, BRIDGE_TILE), "_end": (bridge_end, BRIDGE_END), "_broken": (bridge_broken, BRIDGE_BROKEN), "_place": (bridge_place, BRIDGE_TILE)}
+def bridge_gaps(wood):
+    """A piece that has lost two of its planks: one can still walk over it, not drive."""
+    return bridge_deck(wood, gaps=(1, 3))
+
+
+BRIDGES = {"": (bridge_deck, BRIDGE_TILE), "_gaps": (bridge_gaps, BRIDGE_TILE), "_end": (bridge_end, BRIDGE_END), "_broken": (bridge_broken, BRIDGE_BROKEN), "_place": (bridge_place, BRIDGE_TILE)}
 
 
 MARKS = {"neutral": ("stone", "stone_dark", "meadow_dry"), "player": ("bank", "gold", "road"), "enemy": ("log_light", "enemy_red", "enemy_shirt"),
@@ -170,6 +175,8 @@ def main():
             scene.render(f"{out}/{name}.png", (TILE[0] * SCALE, TILE[1] * SCALE), samples)
         for side, wood in (("bridge", PLAYER_WOOD), ("enemy_bridge", ENEMY_WOOD)):
             for part, (make, size) in BRIDGES.items():
+                if part == "_gaps" and wood is not PLAYER_WOOD:
+                    continue
                 scene.reset(sun=2.9, sky=0.85)
                 scene.place(make(wood).build(0.25))
                 scene.top_camera((0, 0, 0), max(size))

@@ -46,6 +46,7 @@ def roads(renders):
     picture.save(enemy, "Roads/enemy.png")
     for name in (f"{side}bridge{part}" for side in ("", "enemy_") for part in ("", "_end", "_broken", "_place")):
         picture.save(tile(f"{renders}/{name}.png"), f"Roads/{name}.png")
+    picture.save(tile(f"{renders}/bridge_gaps.png"), "Roads/bridge_gaps.png")
     for name in ("gate", "enemy_gate"):
         picture.save(picture.row_of([tile(f"{renders}/{name}_{i:02}.png") for i in range(12)], 4), f"Roads/{name}.png")
     track = strip(7.0, 7.0, 0.46, 0.95, "road_edge", 3, 2)

@@ -213,8 +213,9 @@ class Model:
             self.add([_moved(p, at) for p in tri], [(0, 1, 2) if side > 0 else (2, 1, 0)], wall or colour)
         return self
 
-    def wheel(self, at, radius, colour, rim=0.10, width=0.12, spokes=8, across="y", hub="iron", sides=0):
-        """An upright spoked wheel about its centre; across is the axis of its axle, sides the rim's (0: two a spoke)."""
+    def wheel(self, at, radius, colour, rim=0.10, width=0.12, spokes=8, across="y", hub="iron", sides=0, spin=0.0):
+        """An upright spoked wheel about its centre; across is the axis of its axle, sides the rim's (0: two a spoke), spin how far its
+        spokes are turned, radians."""
         def lay(p):
             q = (p[0], p[2], p[1]) if across == "y" else (p[2], p[0], p[1])
             return _moved(q, at)
@@ -229,7 +230,7 @@ class Model:
             faces += [(a + 2, b + 2, b + 3, a + 3), (a, a + 1, b + 1, b), (a, b, b + 2, a + 2), (a + 1, a + 3, b + 3, b + 1)]
         self.add(ring, faces, colour, lay)
         for i in range(spokes):
-            angle = 2 * math.pi * i / spokes
+            angle = 2 * math.pi * i / spokes + spin
             r, t = (radius - rim) / 2, rim * 0.4
             bar = [(x, y, z) for z in (-t, t) for y in (-t, t) for x in (0, 2 * r)]
             turned = [(x * math.cos(angle) - y * math.sin(angle), x * math.sin(angle) + y * math.cos(angle), z)

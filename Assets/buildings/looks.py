@@ -40,7 +40,12 @@ LOOKS = {
     "EnemyFence_site": look((22, 28), (11, 14), ("init_state",)),
     "Stone": look((18, 18), (9, 12), ("init_state",)),
     "Goods": look((136, 84), (68, 46), tuple(f"cargo_{i}" for i in range(1, 5))),
-    "Caravan": look((96, 72), (48, 50), ("init_state",)),
+    "Caravan": look((96, 72), (48, 50), ("init_state",), None, 8, ("init_state",)),
+    "CaravanOpen": look((96, 72), (48, 50), ("init_state",), None, 8, ("init_state",)),
+    "CaravanGoods": look((96, 72), (48, 50), tuple(f"cargo_{i}" for i in range(3))),
+    "FlagGold": look((56, 80), (14, 72), ("init_state",), None, 8, ("init_state",)),
+    "FlagSilver": look((56, 80), (14, 72), ("init_state",), None, 8, ("init_state",)),
+    "FlagBlue": look((56, 80), (14, 72), ("init_state",), None, 8, ("init_state",)),
 }
 
 

@@ -572,10 +572,45 @@ def bridge(level):
             flag.visible_shadow = False  # it would lie on the water, which moves under it
 
 
-def caravan():
-    """The caravan that comes and goes: a wagon with an ox, to the right."""
-    put(props.cart("canvas", "paint_red"), -1.0, 0, 0, 0, 0.72)
-    put(props.ox(), 1.35, 0, 0, 0, 0.72)
+OX_PLACE, CART_PLACE, CARAVAN_SIZE = 1.35, -1.0, 0.72
+SPOKES_A_RUN = 3  # that a wheel turns on in a run of the caravan: a whole number, or it would jump
+
+
+def caravan(part):
+    """The caravan that comes and goes: a wagon with an ox, to the right; part of a step of the ox."""
+    put(props.cart("canvas", "paint_red", -SPOKES_A_RUN * part * math.pi / 4), CART_PLACE, 0, 0, 0, CARAVAN_SIZE)
+    put(props.ox(stride=part), OX_PLACE, 0, 0, 0, CARAVAN_SIZE)
+
+
+def caravan_opens(part):
+    """The caravan that waits: its cover is rolled back, to the end at the last picture of the run."""
+    frames = LOOKS["CaravanOpen"].frames
+    put(props.cart("canvas", "paint_red", 0.0, part * frames / (frames - 1)), CART_PLACE, 0, 0, 0, CARAVAN_SIZE)
+    put(props.ox(), OX_PLACE, 0, 0, 0, CARAVAN_SIZE)
+
+
+def caravan_goods(level):
+    """What lies on the opened wagon, more and more of it."""
+    loads = [(barrel(), 0.3, 0.0), (crate(1, 0.5), 0.62, -0.22), (sacks(3, 1), 0.42, 0.02), (crate(2, 0.45), 0.6, 0.25), (barrel(), -0.1, 0.22),
+             (sacks(4, 1), 0.82, 0.2)]
+    for mesh, x, y in loads[:2 * (level + 1)]:
+        put(mesh, CART_PLACE + x, y, 1.02 * CARAVAN_SIZE, 0.2, 0.85)
+
+
+def flag(colour, part):
+    """The flag of a level at the way out of it; part of a run of its waves."""
+    m = scene.Model("level_flag", colour)
+    high = 3.9
+    m.prism((0, 0, 0), 0.09, 0.06, high, 6, "timber")
+    m.prism((0, 0, high), 0.13, 0.02, 0.24, 6, "gold")
+    rows = []
+    for i in range(8):
+        wave = 0.16 * min(1.0, i / 3) * math.sin(i * 0.95 - 2 * math.pi * part)
+        top = (0.22 * i, wave, high - 0.1 - 0.03 * i + 0.35 * wave)
+        rows.append((top, (top[0], top[1], top[2] - 1.3 + 0.04 * i)))
+    for (a, b), (c, d) in zip(rows, rows[1:]):
+        m.add([a, c, d, b], [(0, 1, 2, 3)], colour)
+    put(m.build(0.005))
 
 
 # The enemy ------------------------------------------------------------------------------------------------------------
@@ -734,6 +769,8 @@ def port():
 MAKE = {  # name: puts up a state of it; what it takes is the level, or nothing, and the part of a run for what moves
     "FoodMill": food_mill, "Warehouse": warehouse, "WoodMill": wood_mill, "StoneMill": stone_mill, "IronMill": iron_mill, "Bridge": bridge,
     "StartPoint": start_point, "Bunker": bunker, "Idol": totem, "Shop": shop, "Port": port, "Caravan": caravan, "Goods": goods,
+    "CaravanOpen": caravan_opens, "CaravanGoods": caravan_goods,
+    "FlagGold": lambda part: flag("gold", part), "FlagSilver": lambda part: flag("silver", part), "FlagBlue": lambda part: flag("cobalt", part),
     "PlayerFence_piece": lambda: put(stakes()), "PlayerFence_tower": lambda: put(fence_tower()), "PlayerFence_site": lambda: put(fence_site()),
     "EnemyFence_piece": lambda: put(stakes("log", "log_light", "ink", True)), "EnemyFence_tower": lambda: put(fence_tower(True)),
     "EnemyFence_site": lambda: put(fence_site(True)),
@@ -744,6 +781,6 @@ MAKE = {  # name: puts up a state of it; what it takes is the level, or nothing,
 def build(name, state, part=0.0):
     """Puts up what the state shows; part is how far through its run it is, 0 to 1."""
     if not is_numbered(state):
-        return MAKE[name]()
+        return MAKE[name](part) if LOOKS[name].moving else MAKE[name]()
     level = int(state.rsplit("_", 1)[1])
     return MAKE[name](level, part) if LOOKS[name].moving else MAKE[name](level)

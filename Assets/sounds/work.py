@@ -144,6 +144,55 @@ def friend_falls():
     return placed(0.7, (0, 0.35 * slip), (0.22, thud), (0.36, 0.4 * thud))
 
 
+# The caravan and its flags --------------------------------------------------------------------------------------------
+
+def cowbell(frequency):
+    return struck(0.5, [(frequency, 1.0, 0.09), (frequency * 1.47, 0.7, 0.07), (frequency * 2.36, 0.25, 0.04)])
+
+
+def caravan_coming():
+    """Bells of the ox in its step, wheels over planks under them."""
+    wheels = band(2.6, 90, 500, 101) * (1 + 0.6 * numpy.sin(2 * numpy.pi * 5 * seconds(2.6))) * swell(2.6, 0.35)
+    bells = [(0.25 + 0.42 * i, (0.7 - 0.08 * i) * cowbell(620 if i % 2 else 560)) for i in range(5)]
+    return placed(2.8, (0, 0.8 * wheels / numpy.abs(wheels).max()), *bells)
+
+
+def caravan_load():
+    """Canvas is rolled back, and a board falls open."""
+    canvas = band(0.9, 500, 3500, 102) * swell(0.9, 0.5)
+    board = struck(0.3, [(190, 1.0, 0.06), (331, 0.5, 0.04)]) + 0.9 * blow(0.3, 900, 0.012, 103)
+    return placed(1.5, (0, 0.7 * canvas / numpy.abs(canvas).max()), (0.92, board), (1.08, 0.4 * board), (0.3, 0.3 * cowbell(600)))
+
+
+def horn(frequency, length):
+    """A note of a brass horn."""
+    t = seconds(length)
+    breath = numpy.minimum(1, t / 0.03) * numpy.minimum(1, (length - t) / 0.08)
+    waver = 1 + 0.004 * numpy.sin(2 * numpy.pi * 5.5 * t)
+    return breath * sum(numpy.sin(2 * numpy.pi * frequency * k * t * waver) * loud for k, loud in ((1, 1.0), (2, 0.6), (3, 0.42), (4, 0.22), (5, 0.12), (6, 0.06)))
+
+
+def fanfare(length, notes):
+    return placed(length, *[(at, loud * horn(pitch, lasts)) for at, pitch, lasts, loud in notes])
+
+
+def silver_fanfar():
+    return fanfare(1.7, [(0, 392.0, 0.2, 0.6), (0.2, 523.25, 0.2, 0.7), (0.4, 659.26, 1.1, 0.8), (0.4, 523.25, 1.1, 0.45)])
+
+
+def gold_fanfar():
+    return fanfare(2.5, [(0, 392.0, 0.16, 0.6), (0.17, 523.25, 0.16, 0.65), (0.34, 659.26, 0.16, 0.7), (0.51, 783.99, 0.42, 0.85), (0.95, 659.26, 0.18, 0.7),
+                         (1.15, 783.99, 1.2, 0.9), (1.15, 659.26, 1.2, 0.5), (1.15, 523.25, 1.2, 0.5)])
+
+
+def gold_missed():
+    return placed(1.1, (0, 0.7 * bar(783.99)), (0.18, 0.7 * bar(659.26)), (0.40, 0.8 * bar(493.88, 0.3)))
+
+
+def silver_missed():
+    return placed(1.2, (0, 0.7 * bar(523.25)), (0.20, 0.7 * bar(415.3)), (0.44, 0.8 * bar(311.13, 0.34)))
+
+
 WORK = {  # name in Data/Sounds: (maker, peak in dB below full scale, whether it goes round)
     "building_upgrade": (building_upgrade, -14, True),
     "build_road": (build_road, -16, True),
@@ -158,6 +207,12 @@ WORK = {  # name in Data/Sounds: (maker, peak in dB below full scale, whether it
     "next_level": (next_level, -10, False),
     "destroy": (destroy, -8, False),
     "friend_falls": (friend_falls, -11, False),
+    "caravan_coming": (caravan_coming, -13, False),
+    "caravan_load": (caravan_load, -12, False),
+    "silver_fanfar": (silver_fanfar, -12, False),
+    "gold_fanfar": (gold_fanfar, -11, False),
+    "gold_missed": (gold_missed, -12, False),
+    "silver_missed": (silver_missed, -12, False),
 }
 
 

@@ -89,7 +89,8 @@ public:
 
     const std::vector<std::unique_ptr<cUpgrade>>& getUpgrades() const { return m_upgrades; }
     Engine::cProgressFloat* getProgressBar() const { return m_progress; }  ///< null without one
-    Bool isAtTop() const { return m_level + 1 >= static_cast<Int>(m_upgrades.size()); }
+    /// Is there nothing above its level? The last row of a table tells of the top itself.
+    virtual Bool isAtTop() const { return m_level + 1 >= static_cast<Int>(m_upgrades.size()); }
 
     /// The goals that name it: they forget it when it ends.
     void addGoal(cGoal* goal) { m_goals.push_back(goal); }

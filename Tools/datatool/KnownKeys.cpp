@@ -178,12 +178,14 @@ constexpr sClass classes[] = {
     {"Catapult", "UpgradableBuilding", "bullet_speed turn_speed", "Bullet:Picture DamageArea:Picture"},
     {"PlayerCatapult", "Catapult", "alfa_param disabled_color destroy_icons_offset", "Upgrades:CatapultUpgrade*"},
     {"EnemyCatapult", "Catapult", "catapult_height target_angle_delta", ""},
-    {"CaravanButton", "Button AnimButton Oscillator Tips", "", ""},
+    {"CaravanButton", "OverlayButton Oscillator Tips", "", ""},
+    {"PulsingPicture", "Picture Oscillator", "", ""},
+    {"TipPicture", "Picture Tips", "", ""},
     {"CaravanWay", "", "speed caravan_angle screen_margin",
-     "Caravan:CaravanButton BridgeTile:CaravanButton BridgeRight:CaravanButton BridgeBase:CaravanButton"},
-    {"Bridge", "UpgradableBuilding CaravanWay", "cargo_tip_offset cargo_levels_amount",
-     "Flag:Picture flag:Picture TimeProgress:ProgressFloatExt Clock:TextLine DbgClock:TextLine Goods:Picture "
-     "BridgeLeft:CaravanButton"},
+     "Caravan:CaravanButton BridgeTile:OverlayButton BridgeLeft:OverlayButton BridgeRight:Picture "
+     "BridgeBase:PulsingPicture"},
+    {"Bridge", "UpgradableBuilding CaravanWay", "cargo_tip_offset cargo_levels_amount flag_entry",
+     "Flag:TipPicture TimeProgress:ProgressFloatExt Clock:TextLine DbgClock:TextLine Goods:Picture"},
     {"StartPoint", "Building CaravanWay", "", ""},
     {"Bunker", "Building", "random_start random_delay visible_targets_amount", "Progress:ProgressFloatExt"},
     {"Market", "Building", "random_period random_duration progress_panel_pos progress_panel_offset", ""},
@@ -198,7 +200,7 @@ constexpr sClass classes[] = {
      "speed_by_road cross_country_speed speed_with_cargo turn_distance delta_yaw kick_delta default_capacity "
      "walk_animation_speed exchange_goal_buf_time acceleration_factor max_acceleration",
      "StolenCargo:PriceList Tool:Picture Shadow:Picture"},
-    {"EnemyMan", "Man", "destroy_road_speed walk_and_pray_anim_amount", ""},
+    {"EnemyMan", "Man", "destroy_road_speed walk_and_pray_anim_amount", "Flag:Picture"},
     {"Target", "", "", "TargetButton:Picture AttackIcon:Picture"},
 
     // LevelMap.lvl

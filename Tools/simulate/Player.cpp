@@ -10,6 +10,8 @@
 #include "Engine/core/iXML.h"
 #include "Engine/graphics/Graphics.h"
 #include "Game/GameLogic/Barrier.h"
+#include "Game/GameLogic/buildings/Bridge.h"
+#include "Game/GameLogic/buildings/Caravan.h"
 #include "Game/GameLogic/buildings/Market.h"
 #include "Game/GameLogic/buildings/MarketTask.h"
 #include "Game/GameLogic/buildings/Mill.h"
@@ -205,6 +207,12 @@ const cControl* cPlayer::findButton(const std::string& name, const cBuilding* bu
     throw String("it has no button ") + name;
 }
 
+const cControl* cPlayer::findCaravan(const cBuilding* building) {
+    if (const auto* bridge = dynamic_cast<const cBridge*>(building))
+        return &bridge->getCaravan();
+    throw String("it has no caravan to click");
+}
+
 void cPlayer::click(const WORDS& words) {
     if (words.size() == 3 && words[1] == "point") {
         const Int point = toPoint(words[2]);
@@ -229,8 +237,11 @@ void cPlayer::click(const WORDS& words) {
         if (!button->isShow())
             return refuse("click " + words[1] + ": the button is not shown");
         pointAt([button] { return map().toMap(button->getPosition()); });
-    } else if (words.size() >= 2 && words[1] == "caravan") {
-        return refuse("click caravan: there is no such button yet");
+    } else if (words.size() == 4 && words[1] == "caravan") {
+        const cControl* caravan = findCaravan(findBuilding(toInt(words[2]), toInt(words[3])));
+        if (!caravan->isShow())
+            return refuse("click caravan: it is not there");
+        pointAt([caravan] { return map().toMap(caravan->getPosition()); });
     } else {
         throw String("there is nothing to click that is called so");
     }

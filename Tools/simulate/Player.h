@@ -37,6 +37,7 @@ private:
 
     void perform(const sAction& action);
     static const Engine::cControl* findButton(const std::string& name, const cBuilding* building);
+    static const Engine::cControl* findCaravan(const cBuilding* building);
     void click(const WORDS& words);
     void drag(const WORDS& words);
     void buy(const WORDS& words);

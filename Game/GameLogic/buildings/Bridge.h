@@ -1,37 +1,143 @@
 #pragma once
 
+#include "Game/GameLogic/Mark.h"
+#include "Game/GameLogic/buildings/BridgeWay.h"
 #include "Game/GameLogic/buildings/UpgradableBuilding.h"
 
-/// The way out of a level: repaired, then loaded with a caravan.
+namespace Engine {
+class cTextLine;
+}
+class cBridgeFlag;
+class cCaravan;
+class cEnemyMan;
+class cProgressFloatExt;
+
+/// The way out of a level: repaired, then loaded with a caravan, which rolls off over it. Then the level is won, and a
+/// click leads on to the next one.
+///
+/// Its clock runs from the level's beginning until the caravan is loaded. By it the flag at the bridge goes from gold
+/// to silver to blue: a man of the enemy's carries the worse one in from the edge of the map and takes the better one
+/// away; while he is on his way the flag is not looked after.
+///
+/// Its level is 0 while it is broken, 1 while the caravan waits to be loaded, 2 when that is done. Row 0 of its table
+/// is the repair, row 1 the load.
 class cBridge : public cUpgradableBuilding {
 public:
-    using cUpgradableBuilding::cUpgradableBuilding;
+    explicit cBridge(Engine::cView* parent);
+    ~cBridge() override;
 
-    Int getType() const override { return objectBridge; }
-    Int getUpgradePlanId(Int) const override { return -1; }
+    /// The keys of cUpgradableBuilding, then "speed" (of the caravan, units a second), "caravan_angle" (degrees),
+    /// "screen_margin" (how far the bridge runs beyond the map, units), "cargo_tip_offset", "cargo_levels_amount" (of
+    /// pictures of its goods), "flag_entry" (where a flag is carried in, units from the far end of the bridge) and the
+    /// child tags "Caravan" (cCaravan), "Goods" (cPicture), "Flag" (cBridgeFlag), "TimeProgress" (cProgressFloatExt),
+    /// "Clock", "DbgClock" (cTextLine each) and those of cBridgeWay.
+    void loadXML(const Engine::iXML* xml) override;
     /// The keys of cUpgradableBuilding, then "BridgeNumber", "NextLevel", "Angle" (degrees), "GoldTime", "SilverTime"
     /// (seconds) and the child tag "Upgrades".
     void loadXmlState(const Engine::iXML* xml) override;
     void saveBinState(Engine::iArch& arch) override;
     void loadBinState(Engine::iArch& arch) override;
+    /// Throws "cBridge::setInitState(): no level <level>" for one that is none, and "... <n> rows of upgrades are too
+    /// few" for less than two.
+    void setInitState() override;
+    void process() override;
+    void updateView(Bool hide) override;
+    Int getType() const override { return objectBridge; }
+    Int getUpgradePlanId(Int) const override { return -1; }
+    Bool isAtTop() const override { return getLevel() >= caravan_loaded; }
+    void updateInfoTipCargo(sInfoTip& info) override;
+    void updateInfoTipPrice(sInfoTip& info) override;
+
+    /// Throws "cBridge::createUpgradeGoals - there are not enough men to start upgrade".
+    Bool createUpgradeGoals() override;
+    void addUpgradeResources(Int type, Int amount) override;
+    void upgrade() override;
+    void finishUpgrade() override;
 
     Int getBridgeNumber() const { return m_bridge_number; }
     void setBridgeNumber(Int number) { m_bridge_number = number; }
-    Int getNextLevel() const { return m_next_level; }
+    Int getNextLevel() const { return m_next_level; }  ///< -1 after the last level
     Bool isPassed() const { return m_passed; }
     Float getElapsed() const { return m_elapsed; }
     /// The flag held now, an eMark; with only_if_passed none before the caravan is loaded.
-    Int getMark(Bool only_if_passed) const;
-    void showBridge(Bool show);
+    Int getMark(Bool only_if_passed) const { return only_if_passed && !m_passed ? Int{markNone} : m_mark; }
+    /// Has it plans to wait for that a shop of the level offers, or the one that the last crossing takes?
+    Bool hasMandatoryUpgrades() const;
+    /// Wins the level and leaves it for the next one.
+    /// Throws "cBridge::goNextLevel() - there are upgrade plans in shop".
+    void goNextLevel();
+    void showBridge(Bool show) { m_way.show(show); }
+    void hoverBridge(Engine::eButtonState state) { m_way.hover(state); }
+    const cCaravan& getCaravan() const { return *m_caravan; }
+
+    void onSilverFlagBrought();
+    void onBlueFlagBrought();
+    /// Minutes and seconds, "04:05"; an hour shows as "00:00" again, and so does less than nothing.
+    static WString getTime(Int seconds);
 
 private:
+    static constexpr Int caravan_waits = 1;  ///< levels
+    static constexpr Int caravan_loaded = 2;
+
+    static cBridge& getBridge(Engine::cView* view);
+    static void onClick(Engine::cView* view);
+    static void onLoadCaravan(Engine::cView* view);
+    static void onGoClick(Engine::cView* view);
+    Bool isUpgradeOffered() const override { return false; }
+    void requireTable() const;
     void serialize(Engine::iArch& arch);
+    Bool needsHarbourPlan() const;
+
+    void layBridge();
+    void showWayLook();
+    void waitWithCaravan();
+    void orderUpgradeByClick();
+    void onLoaded();
+    void startCaravan(Bool pulse);
+    void onCaravanLeft();
+    void enableBridge();
+    void processCaravan(Float step, Float real_step);
+    void processAwardEffects();
+    void updateGoodsVisualState();
+    void updatePulse();
+
+    void setupFlags();
+    void updateFlags();
+    void showFlag(Int mark);
+    void showCountdown(Float range, Float left);
+    void showClock(Bool show);
+    void sendFlagMan(Int kind, Bool comes, Bool vanish);
 
     Int m_bridge_number = 0;
-    Int m_next_level = -1;       ///< -1 after the last level
+    Int m_next_level = -1;
     Float m_angle = 0.0f;        ///< of the way out, radians
-    Bool m_passed = false;       ///< the caravan is loaded
     Float m_gold_time = 0.0f;    ///< seconds in which the gold flag holds
     Float m_silver_time = 0.0f;  ///< further seconds in which the silver flag holds
     Float m_elapsed = 0.0f;      ///< seconds since the level began
+    Bool m_passed = false;       ///< the caravan is loaded
+    Int m_mark = markNone;
+    Bool m_flag_in_transit = false;
+    Bool m_closing = false;       ///< the caravan gets ready
+    Float m_closing_time = 0.0f;  ///< seconds left of that
+    Bool m_moving = false;        ///< the caravan rolls off
+    Int m_effects_left = 0;       ///< that its trip is still to be celebrated with
+    Int m_effects_done = 0;
+    Float m_speed = 0.0f;          ///< of the caravan, units a second
+    Float m_caravan_angle = 0.0f;  ///< its picture's, radians
+    Float m_screen_margin = 0.0f;  ///< units
+    Vector2 m_cargo_tip_offset{0.0f, 0.0f};
+    Int m_cargo_levels_amount = 0;
+    Vector2 m_flag_entry_offset{0.0f, 0.0f};
+    Vector2 m_flag_entry{0.0f, 0.0f};  ///< on the map
+    Vector2 m_flag_place{0.0f, 0.0f};  ///< on the map
+
+    cBridgeWay m_way;
+    // Children of this view
+    cCaravan* m_caravan;
+    Engine::cPicture* m_goods;
+    cBridgeFlag* m_flag;
+    cProgressFloatExt* m_time_progress;
+    Engine::cTextLine* m_clock;
+    Engine::cTextLine* m_debug_clock;
+    cEnemyMan* m_flag_man;  ///< beside this view; it ends with it
 };

@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "Engine/Ui/LoadView.h"
-#include "Engine/Ui/OverlayButton.h"
 #include "Engine/Ui/Picture.h"
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/core/CallStack.h"
@@ -32,8 +31,11 @@ T* makeChild(cView& owner, const iXML* xml, const char* name) {
 void cBridgeWay::loadXML(const iXML* xml) {
     ENGINE_MARK;
     m_proto = makeChild<cOverlayButton>(m_owner, xml, "BridgeTile");
+    m_left = makeChild<cOverlayButton>(m_owner, xml, "BridgeLeft");
     m_right = makeChild<cPicture>(m_owner, xml, "BridgeRight");
-    m_base = makeChild<cPicture>(m_owner, xml, "BridgeBase");
+    m_base = makeChild<cScaleOscillator<cPicture>>(m_owner, xml, "BridgeBase");
+    if (m_left)
+        m_left->disable();
     show(false);
 }
 
@@ -45,10 +47,7 @@ void cBridgeWay::lay(const Vector2& gate, Float angle, Float left, Float right, 
     for (cOverlayButton* tile : m_tiles)
         discard(static_cast<cView*>(tile), here());
     m_tiles.clear();
-    if (m_right)
-        m_right->setPosition(gate);
-    if (m_base)
-        m_base->setPosition(gate);
+    m_listens = false;
     if (!m_proto || !(m_proto->getSize().x > 0.0f))
         return;
     m_proto->hide();
@@ -64,28 +63,50 @@ void cBridgeWay::lay(const Vector2& gate, Float angle, Float left, Float right, 
 }
 
 void cBridgeWay::show(Bool show) {
-    std::vector<cPicture*> all(m_tiles.begin(), m_tiles.end());
-    all.push_back(m_right);
-    all.push_back(m_base);
-    for (cPicture* picture : all) {
-        if (picture)
-            show ? picture->show() : picture->hide();
+    m_is_shown = show;
+    const auto show_part = [](cView* part, Bool is_shown) {
+        if (part)
+            is_shown ? part->show() : part->hide();
+    };
+    for (cOverlayButton* tile : m_tiles)
+        show_part(tile, show);
+    show_part(m_left, show);
+    show_part(m_right, show);
+    show_part(m_base, show && m_listens);
+}
+
+void cBridgeWay::setTileLook(const cState& look) {
+    for (cOverlayButton* tile : m_tiles) {
+        tile->cState::operator=(look);
+        tile->setDirty();
     }
 }
 
 void cBridgeWay::listen(cButtonPrototype::CALLBACK on_click, cButtonPrototype::CALLBACK on_hover,
                         cButtonPrototype::CALLBACK on_unhover) {
-    for (cOverlayButton* tile : m_tiles) {
-        tile->setOnClick(on_click);
-        tile->setOnHover(on_hover);
-        tile->setOnUnhover(on_unhover);
-        tile->enable();
+    std::vector<cOverlayButton*> planks = m_tiles;
+    if (m_left)
+        planks.push_back(m_left);
+    for (cOverlayButton* plank : planks) {
+        plank->setOnClick(on_click);
+        plank->setOnHover(on_hover);
+        plank->setOnUnhover(on_unhover);
+        plank->enable();
     }
+    m_listens = true;
+    show(m_is_shown);
 }
 
 void cBridgeWay::hover(eButtonState state) {
     for (cOverlayButton* tile : m_tiles)
         tile->setStatePicture(state);
+    if (m_left)
+        m_left->setStatePicture(state);
+}
+
+void cBridgeWay::pulse() {
+    if (m_base)
+        m_base->setOscillating(true);
 }
 
 Float getDistanceToEdge(const Vector2& from, const Vector2& direction, const Vector2& low, const Vector2& high) {

@@ -1,11 +1,11 @@
 #include "Game/GameLogic/buildings/StartPoint.h"
 
+#include <string>
 #include <utility>
 
 #include <glm/trigonometric.hpp>
 
 #include "Engine/Ui/LoadView.h"
-#include "Engine/Ui/Picture.h"
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
@@ -14,6 +14,7 @@
 #include "Engine/core/Timer.h"
 #include "Game/CommonUI/TimedEffect.h"
 #include "Game/GameLogic/SavedValue.h"
+#include "Game/GameLogic/buildings/Caravan.h"
 #include "Game/GameLogic/men/FriendMan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/GameSounds.h"
@@ -28,7 +29,7 @@ constexpr Int most_men = 1000;  ///< that a level begins with
 
 }  // namespace
 
-cStartPoint::cStartPoint(cView* parent) : cBuilding(parent), m_way(*this), m_caravan(new cPicture(this)) {
+cStartPoint::cStartPoint(cView* parent) : cBuilding(parent), m_way(*this), m_caravan(new cCaravan(*this)) {
 }
 
 void cStartPoint::loadXML(const iXML* xml) {
@@ -107,13 +108,11 @@ void cStartPoint::setInitState() {
 
 void cStartPoint::startCaravan() {
     ENGINE_MARK;
-    const Vector2 way = m_way.getWay();
-    const Float length = glm::length(way);
-    m_caravan->setPosition(getPosition() + way);
-    m_remaining = m_speed > 0.0f ? length / m_speed : 0.0f;
-    m_direction = m_remaining > 0.0f ? -way / m_remaining : Vector2(0.0f);
-    m_caravan->show();
+    const Vector2& way = m_way.getWay();
+    m_caravan->setPosition(m_caravan->getPosition() + way);
+    m_caravan->setOff(-way, m_speed);
     m_caravan->enable();
+    m_caravan->show();
     m_coming = true;
     updateVisualState();
     playGameSound("caravan_coming");
@@ -132,17 +131,15 @@ void cStartPoint::process() {
             setAnimTime(getAnimTime() + step);
         return;
     }
-    m_caravan->setAnimTime(m_caravan->getAnimTime() + step);
-    if (m_remaining <= 0.0f)
-        return onCaravanCame();
-    m_caravan->setPosition(m_caravan->getPosition() + m_direction * step);
-    m_remaining -= step;
+    if (!m_caravan->roll(step))
+        onCaravanCame();
 }
 
 void cStartPoint::onCaravanCame() {
     ENGINE_MARK;
     m_coming = false;
     m_caravan->disable();
+    m_caravan->setOscillating(false);
     updateVisualState();
     bornStartUpMen();
     getMap().showControlPanel();
@@ -165,6 +162,10 @@ Int cStartPoint::addResourceItems(Int type, Int amount) {
     }
     updateCargoProgress();
     return amount;
+}
+
+void cStartPoint::updateInfoTipPrice(sInfoTip& info) {
+    info.text = toWide(std::to_string(getCargo().total(false)) + "/" + std::to_string(getCapacity()));
 }
 
 // The way back -------------------------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include "Game/GameLogic/buildings/BridgeWay.h"
 #include "Game/GameLogic/buildings/Building.h"
 
+class cCaravan;
 class cYesNoExt;
 
 /// The way into a level: a caravan comes over its bridge and the first men are born from it. A click on it or on its
@@ -12,7 +13,7 @@ public:
     explicit cStartPoint(Engine::cView* parent);
 
     /// The keys of cBuilding, then "speed" (units a second), "caravan_angle" (degrees), "screen_margin" (units) and the
-    /// child tags "Caravan" (cPicture) and those of cBridgeWay.
+    /// child tags "Caravan" (cCaravan) and those of cBridgeWay.
     void loadXML(const Engine::iXML* xml) override;
     /// The keys of cBuilding, then "Capacity", "PrevLevel", "MenAmount", "MaxAmount", "Angle" (degrees) and the child
     /// tag "ManCost". Throws "cStartPoint: <n> men are too many" for more than 1000 to begin with.
@@ -24,6 +25,8 @@ public:
     Int getType() const override { return objectStartPoint; }
     String getVisualStateName() const override { return m_coming ? "init_state" : "normal_state"; }
     Int addResourceItems(Int type, Int amount) override;
+    /// Beside the goods in store: how many there are, and how many go in.
+    void updateInfoTipPrice(sInfoTip& info) override;
 
     void startCaravan();
     void hideCaravan();
@@ -60,12 +63,10 @@ private:
     Int m_men_born = 0;
 
     cBridgeWay m_way;
-    Engine::cPicture* m_caravan;      ///< a child of this view
+    cCaravan* m_caravan;              ///< a child of this view
     cYesNoExt* m_question = nullptr;  ///< while it is open
     Float m_speed = 0.0f;             ///< of the caravan, units a second
     Float m_caravan_angle = 0.0f;     ///< its picture's, radians
     Float m_screen_margin = 0.0f;     ///< units
     Bool m_coming = false;
-    Float m_remaining = 0.0f;         ///< seconds of the caravan's trip
-    Vector2 m_direction{0.0f, 0.0f};  ///< of its motion, units a second
 };

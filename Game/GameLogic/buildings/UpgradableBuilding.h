@@ -65,6 +65,7 @@ protected:
     Int takeOwnGoods(Int type, Int amount) override { return removeResourceItems(type, amount); }
     virtual void onBuildingClick() { buildingClicked(); }
     virtual void onUpgradeClick();
+    virtual Bool isUpgradeOffered() const;  ///< by the upgrade button
 
     /// The plan of the first of five levels, for classes whose levels 1 to 5 have plans in a row.
     static Int getPlanInRow(Int first_plan, Int level) {
@@ -73,7 +74,6 @@ protected:
 
 private:
     void requireLevel() const;
-    Bool isUpgradeOffered() const;
     void loadUpgradeMask();
     void showUpgradeButton();
     void markUpgrade();

@@ -73,7 +73,7 @@ protected:
             "<A p1=\"0\" p2=\"1\" Type=\"1\"/></Arcs><Buildings>" +
             startPoint("100,300", 1) +
             "<B Type=\"14\" Position=\"300,300\" BridgeNumber=\"0\" NextLevel=\"1\" GoldTime=\"9\" "
-            "SilverTime=\"9\"><Points><P index=\"1\"/></Points></B></Buildings></L>";
+            "SilverTime=\"9\"><Points><P index=\"1\"/></Points><Upgrades><U/><U/></Upgrades></B></Buildings></L>";
         write("LevelMap.lvl", "<LevelMap>" + level + level + level + "</LevelMap>");
     }
     ~MapOfLevels() override {

@@ -110,7 +110,9 @@ TEST_F(SavedLevel, comesBackAsItWasLeft) {
     Int different = 0;
     for (std::size_t i = 0; i < second.size(); ++i)
         different += second[i] != third[i] ? 1 : 0;
-    EXPECT_EQ(different, 1);  // how often the start point was brought to life
+    constexpr Int clock_bytes = 4;
+    EXPECT_GE(different, 1);  // how often the start point was brought to life
+    EXPECT_LE(different, 1 + clock_bytes);
 }
 
 TEST_F(SavedLevel, cutAnywhereIsRefusedAndTheNextLevelCanBePlayed) {
