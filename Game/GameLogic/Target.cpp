@@ -25,6 +25,10 @@ void aTarget::getTargetPosition(Vector2& out, const Vector2&, Float, Bool local)
 }
 
 void aTarget::damage() {
+    takeHit();
+}
+
+void aTarget::takeHit() {
     ENGINE_MARK;
     showTarget(false);
     playGameSound("destroy");
@@ -38,6 +42,10 @@ Bool aTarget::inDamageArea(const Vector2& center, Float radius) const {
 }
 
 void aTarget::destroyMe() {
+    leaveSight();
+}
+
+void aTarget::leaveSight() {
     m_bullet = nullptr;
     cTacticMap::getInstance()->targetDamaged(this);
 }

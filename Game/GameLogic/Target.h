@@ -43,6 +43,10 @@ public:
     void setBullet(cBullet* bullet) { m_bullet = bullet; }
     cBullet* getBullet() const { return m_bullet; }
 
+protected:
+    void takeHit();     ///< what damage() does to any target
+    void leaveSight();  ///< what destroyMe() does to any target
+
 private:
     void showSign(Engine::cControl*& sign, const char* tag, const Vector2& position, Bool show);
 

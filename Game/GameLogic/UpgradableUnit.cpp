@@ -253,6 +253,10 @@ void cUpgradableUnit::endOrder(Long transaction) {
 }
 
 void cUpgradableUnit::finishUpgrade() {
+    closeOrder();
+}
+
+void cUpgradableUnit::closeOrder() {
     removeWithGoal(getGoalType());
     m_finished_men = 0;
     consumeUpgradeResources();

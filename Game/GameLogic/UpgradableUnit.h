@@ -102,6 +102,7 @@ public:
     void loadBinState(Engine::iArch& arch);
 
 protected:
+    void closeOrder();  ///< what finishUpgrade() does for any unit
     static cTacticMap& getLevelMap();
     virtual std::unique_ptr<cUpgrade> makeUpgrade() const { return std::make_unique<cUpgrade>(); }
     /// The child tag "Upgrades": each of its children a row. Instead of what there was.

@@ -111,14 +111,9 @@ void cEnemyCatapult::setInitState() {
     setActive(false);
 }
 
-/// Nobody upgrades it.
-void cEnemyCatapult::updateView(Bool hide) {
-    cUpgradableBuilding::updateView(hide);
-}
-
 void cEnemyCatapult::damage() {
     ENGINE_MARK;
-    aTarget::damage();
+    takeHit();
     if (cWayPoint* way_point = getUnderWayPoint())
         way_point->deleteCatapult(true, true);
     getMap().showSitesAnew();
@@ -127,6 +122,7 @@ void cEnemyCatapult::damage() {
 void cEnemyCatapult::loadXmlState(const iXML* xml) {
     ENGINE_MARK;
     cCatapult::loadXmlState(xml);
+    setLevel(1);
     readKey(*xml, u"start_time", m_start_time);
     readKey(*xml, u"delay", m_delay);
     readKey(*xml, u"repeat", m_repeat);

@@ -65,7 +65,6 @@ public:
     using cCatapult::cCatapult;
     Int getType() const override { return objectEnemyCatapult; }
     void setInitState() override;
-    void updateView(Bool hide) override;
     void damage() override;  ///< one hit ends it
     Bool isReplaceable() const override { return false; }
     /// The keys of cUpgradableBuilding, then "start_time", "delay" (seconds), "repeat", "is_arc", "src_point",

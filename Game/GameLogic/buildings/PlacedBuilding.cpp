@@ -67,7 +67,7 @@ void cPlacedBuilding::upgrade() {
 void cPlacedBuilding::finishUpgrade() {
     ENGINE_MARK;
     if (getLevel() == 0) {
-        cUpgradableUnit::finishUpgrade();
+        closeOrder();
         takeLeave(true);
     } else {
         cUpgradableBuilding::finishUpgrade();

@@ -139,7 +139,7 @@ void cTransRoad::callOff() {
 
 void cTransRoad::destroyMe() {
     ENGINE_MARK;
-    aTarget::destroyMe();
+    leaveSight();
     leaveChain();
     forgetGoals();
     getMap().unRegisterControl(this);
