@@ -18,8 +18,14 @@ FPS = 24  # of all actions
 REACH = 0.30  # how far off a neighbour takes light away
 
 
+NEAR = "near"  # marks a ring that only a near figure has
+
+
 class Figure:
-    def __init__(self):
+    """A near figure has all its details; one that is far leaves out what can't be seen on the map, two triangles of three."""
+
+    def __init__(self, near=True):
+        self.near = near
         self.points, self.weights, self.faces, self.colours = [], [], [], []
 
     def add(self, points, faces, colour, follows):
@@ -32,10 +38,17 @@ class Figure:
         self.faces += [tuple(first + i for i in f) for f in faces]
         self.colours += colour if isinstance(colour, list) else [colour] * len(faces)
 
-    def loft(self, rings, sides, follows, closed=(True, True), spin=0.0):
-        """A tube through rings (centre, radius along x, radius along y, colour of what lies above the ring)."""
+    def loft(self, rings, sides, follows, closed=(True, True), spin=0.0, ends_show=False):
+        """A tube through rings (centre, radius along x, radius along y, colour of what lies above the ring[, NEAR]).
+
+        ends_show: a far figure has its ends, too.
+        """
         points, faces, colours = [], [], []
-        for (x, y, z), rx, ry, _ in rings:
+        if not self.near:
+            rings = [ring for ring in rings if NEAR not in ring]
+            sides = max(round(sides * 0.68), 5)
+            closed = closed if ends_show else (False, False)
+        for (x, y, z), rx, ry, *_ in rings:
             for i in range(sides):
                 a = spin + 2 * math.pi * i / sides
                 points.append((x + rx * math.cos(a), y + ry * math.sin(a), z))
@@ -55,6 +68,8 @@ class Figure:
     def ball(self, at, radii, colour, follows, across=8, up=5, tilt=0.0):
         """A ball of rings, its poles along z; tilt leans it about the x axis."""
         points, faces = [(0, 0, -1)], []
+        if not self.near:
+            across, up = (4, 2) if across < 7 else (across - 3, up - 2)
         for j in range(1, up):
             b = math.pi * j / up
             for i in range(across):

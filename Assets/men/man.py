@@ -15,7 +15,7 @@ sys.path[:0] = [HERE, os.path.dirname(HERE)]
 sys.dont_write_bytecode = True
 import export_unit
 import palette
-from figure import FPS, Figure, make_actions, make_armature
+from figure import FPS, NEAR, Figure, make_actions, make_armature
 
 SCALE = 32.0  # logical units in a metre
 BONES = {  # name: (parent, head, tail)
@@ -54,17 +54,17 @@ def follow_trunk(p):
 
 
 def add_trunk(f, shirt):
-    rings = [((0, 0, 0.53), 0.15, 0.13, "plank_dark"), ((0, 0, 0.58), 0.235, 0.19, "plank_dark"),
+    rings = [((0, 0, 0.53), 0.15, 0.13, "plank_dark"), ((0, 0, 0.58), 0.235, 0.19, "plank_dark", NEAR),
              ((0, 0, 0.68), 0.25, 0.205, "timber"), ((0, 0, 0.735), 0.255, 0.21, shirt),
-             ((0, -0.01, 0.84), 0.275, 0.235, shirt), ((0, 0, 0.97), 0.275, 0.22, shirt),
-             ((0, 0.01, 1.07), 0.245, 0.185, shirt), ((0, 0.01, 1.14), 0.15, 0.13, shirt),
+             ((0, -0.01, 0.84), 0.275, 0.235, shirt), ((0, 0, 0.97), 0.275, 0.22, shirt, NEAR),
+             ((0, 0.01, 1.07), 0.245, 0.185, shirt), ((0, 0.01, 1.14), 0.15, 0.13, shirt, NEAR),
              ((0, 0, 1.18), 0.09, 0.09, shirt)]
     f.loft(rings, 10, follow_trunk, spin=math.pi / 10)
     f.ball((0, -0.215, 0.71), (0.05, 0.02, 0.035), "gold", "hips", 6, 3)  # the buckle
     for x in (-0.13, 0.13):
         add_brace(f, x)
     scarf = [((0, -0.005, 1.10), 0.185, 0.165, "cream"), ((0, -0.01, 1.135), 0.205, 0.18, "cream"),
-             ((0, 0, 1.18), 0.165, 0.15, "cream"), ((0, 0, 1.19), 0.10, 0.10, "cream")]
+             ((0, 0, 1.18), 0.165, 0.15, "cream", NEAR), ((0, 0, 1.19), 0.10, 0.10, "cream")]
     f.loft(scarf, 9, "chest")
     f.ball((0.02, -0.19, 1.09), (0.045, 0.03, 0.055), "cream", "chest", 6, 3)
 
@@ -74,6 +74,8 @@ def add_brace(f, x):
     line = [(-0.200, 0.74), (-0.234, 0.84), (-0.215, 0.97), (-0.165, 1.075), (-0.06, 1.135),
             (0.10, 1.13), (0.185, 1.06), (0.215, 0.97), (0.215, 0.84), (0.195, 0.74)]
     points, faces = [], []
+    if not f.near:
+        line = line[::3]
     for i, (y, z) in enumerate(line):
         k = 0.92 if 0 < i < len(line) - 1 else 1.0
         out = 0.018 * (1 if y > 0 else -1)
@@ -97,11 +99,11 @@ def add_head(f):
 
 def add_hat(f):
     """Straw, worn a little towards the back of the head, so that the face is seen from above too."""
-    rings = [(0.20, 1.475, "hat"), (0.335, 1.46, "hat"), (0.385, 1.468, "hat"), (0.388, 1.49, "hat"),
-             (0.30, 1.505, "hat"), (0.240, 1.52, "paint_red"), (0.230, 1.585, "hat"), (0.205, 1.67, "hat"),
+    rings = [(0.20, 1.475, "hat"), (0.335, 1.46, "hat", NEAR), (0.385, 1.468, "hat"), (0.388, 1.49, "hat", NEAR),
+             (0.30, 1.505, "hat", NEAR), (0.240, 1.52, "paint_red"), (0.230, 1.585, "hat"), (0.205, 1.67, "hat", NEAR),
              (0.15, 1.725, "hat"), (0.06, 1.75, "hat")]
-    shape = Figure()
-    shape.loft([((0, 0, z), r, r * 1.03, colour) for r, z, colour in rings], 12, "hat")
+    shape = Figure(f.near)
+    shape.loft([((0, 0, z), r, r * 1.03, *rest) for r, z, *rest in rings], 12, "hat", ends_show=True)
     lean = math.radians(-13)
     points = []
     for x, y, z in shape.points:
@@ -115,12 +117,12 @@ def add_arm(f, side, x, shirt):
         if p[2] > 0.98:
             return between(p[2], f"arm_{side}", f"shoulder_{side}", 1.04, 1.14)
         return between(p[2], f"forearm_{side}", f"arm_{side}", 0.78, 0.86)
-    sleeve = [((x * 0.312, 0, 0.765), 0.088, 0.088, shirt), ((x * 0.312, 0, 0.785), 0.112, 0.112, shirt),
-              ((x * 0.310, 0, 0.835), 0.112, 0.112, shirt), ((x * 0.308, 0, 0.86), 0.100, 0.100, shirt),
+    sleeve = [((x * 0.312, 0, 0.765), 0.088, 0.088, shirt), ((x * 0.312, 0, 0.785), 0.112, 0.112, shirt, NEAR),
+              ((x * 0.310, 0, 0.835), 0.112, 0.112, shirt), ((x * 0.308, 0, 0.86), 0.100, 0.100, shirt, NEAR),
               ((x * 0.300, 0, 0.96), 0.112, 0.118, shirt), ((x * 0.285, 0, 1.05), 0.115, 0.125, shirt),
-              ((x * 0.255, 0, 1.11), 0.085, 0.095, shirt), ((x * 0.22, 0, 1.13), 0.03, 0.03, shirt)]
+              ((x * 0.255, 0, 1.11), 0.085, 0.095, shirt, NEAR), ((x * 0.22, 0, 1.13), 0.03, 0.03, shirt)]
     f.loft(sleeve, 7, follows)
-    forearm = [((x * 0.32, 0, 0.575), 0.066, 0.066, "skin"), ((x * 0.318, 0, 0.66), 0.080, 0.080, "skin"),
+    forearm = [((x * 0.32, 0, 0.575), 0.066, 0.066, "skin"), ((x * 0.318, 0, 0.66), 0.080, 0.080, "skin", NEAR),
                ((x * 0.312, 0, 0.775), 0.084, 0.084, "skin")]
     f.loft(forearm, 7, f"forearm_{side}")
     f.ball((x * 0.322, -0.008, 0.525), (0.075, 0.088, 0.092), "skin", f"hand_{side}", 7, 4)
@@ -132,20 +134,20 @@ def add_leg(f, side, x):
         if p[2] > 0.5:
             return between(p[2], f"thigh_{side}", "hips", 0.54, 0.66)
         return between(p[2], f"shin_{side}", f"thigh_{side}", 0.31, 0.41)
-    leg = [((x * 0.14, 0, 0.165), 0.118, 0.118, "plank_dark"), ((x * 0.14, 0, 0.21), 0.128, 0.128, "plank_dark"),
-           ((x * 0.14, 0, 0.34), 0.122, 0.124, "plank_dark"), ((x * 0.14, 0, 0.40), 0.126, 0.132, "plank_dark"),
+    leg = [((x * 0.14, 0, 0.165), 0.118, 0.118, "plank_dark"), ((x * 0.14, 0, 0.21), 0.128, 0.128, "plank_dark", NEAR),
+           ((x * 0.14, 0, 0.34), 0.122, 0.124, "plank_dark"), ((x * 0.14, 0, 0.40), 0.126, 0.132, "plank_dark", NEAR),
            ((x * 0.13, 0, 0.54), 0.135, 0.155, "plank_dark"), ((x * 0.11, 0, 0.63), 0.10, 0.13, "plank_dark")]
     f.loft(leg, 7, follows)
     shaft = [((x * 0.14, 0, 0.07), 0.10, 0.105, "log"), ((x * 0.14, 0, 0.19), 0.104, 0.104, "log")]
     f.loft(shaft, 7, f"shin_{side}", closed=(False, False))
-    boot = [((x * 0.145, -0.05, 0.0), 0.105, 0.185, "ink"), ((x * 0.145, -0.05, 0.035), 0.118, 0.20, "log"),
-            ((x * 0.145, -0.05, 0.085), 0.112, 0.185, "log"), ((x * 0.143, -0.025, 0.13), 0.095, 0.12, "log"),
+    boot = [((x * 0.145, -0.05, 0.0), 0.105, 0.185, "ink"), ((x * 0.145, -0.05, 0.035), 0.118, 0.20, "log", NEAR),
+            ((x * 0.145, -0.05, 0.085), 0.112, 0.185, "log"), ((x * 0.143, -0.025, 0.13), 0.095, 0.12, "log", NEAR),
             ((x * 0.14, 0, 0.16), 0.06, 0.07, "log")]
-    f.loft(boot, 8, f"foot_{side}")
+    f.loft(boot, 8, f"foot_{side}", ends_show=True)
 
 
-def make_figure(shirt):
-    f = Figure()
+def make_figure(shirt, near):
+    f = Figure(near)
     add_trunk(f, shirt)
     add_head(f)
     for side, x in (("left", 1), ("right", -1)):
@@ -415,14 +417,22 @@ def make_tools(folder, armature):
     together.save_texture(os.path.join(folder, "tools.png"))
 
 
+def make_near_man(folder, armature):
+    """The man of the main menu, who stands close by: the same bones and texture."""
+    model = make_figure("shirt_red", near=True).build("man_near", armature, math.radians(50))
+    export_unit.mesh(os.path.join(folder, "man_near.mesh"), model, armature, SCALE)
+    bpy.data.objects.remove(model)
+
+
 def main(folder):
     bpy.ops.wm.read_factory_settings(use_empty=True)
     bpy.context.scene.render.fps = FPS
     armature = make_armature("man", BONES)
-    figure = make_figure("shirt_red")
-    figure.build("man", armature, math.radians(50))
-    make_actions(armature, ACTIONS, "hips")
     os.makedirs(folder, exist_ok=True)
+    make_near_man(folder, armature)
+    figure = make_figure("shirt_red", near=False)
+    figure.build("man", armature, math.radians(89))
+    make_actions(armature, ACTIONS, "hips")
     export_unit.unit(folder, "man", SCALE)
     make_tools(folder, armature)
     figure.save_texture(os.path.join(folder, "man.png"))

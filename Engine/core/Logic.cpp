@@ -1,5 +1,7 @@
 #include "Engine/core/Logic.h"
 
+#include <algorithm>
+
 #include "Engine/Ui/Control.h"
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/Ui/ViewSets.h"
@@ -14,6 +16,13 @@ namespace Engine {
 namespace {
 
 constexpr UInt inactive_sleep = 50;  // milliseconds a frame while there is nobody to play
+
+/// False if nothing of the sprite would reach the picture.
+Bool isSeen(const iGraphics::sSprite& sprite, UInt render_type) {
+    constexpr UInt alpha_mask = 0xFF000000;
+    return (render_type & renderOpaque) ||
+           std::ranges::any_of(sprite.corners, [](const auto& corner) { return (corner.color & alpha_mask) != 0; });
+}
 
 }  // namespace
 
@@ -96,9 +105,14 @@ void cLogic::draw(cControl* control) {
     if (control->getMesh())
         return graphics->render(control->getUnit(), control->getRenderType());
     auto* texture = static_cast<cTexture*>(control->getTexture());
-    graphics->render(control->getSprite(), texture, control->getRenderType());
+    const UInt render_type = control->getRenderType();
+    const auto render = [=](const iGraphics::sSprite& sprite) {
+        if (isSeen(sprite, render_type))
+            graphics->render(sprite, texture, render_type);
+    };
+    render(control->getSprite());
     if (control->isDoubleAnimRender())
-        graphics->render(control->getSecondSprite(), texture, control->getRenderType());
+        render(control->getSecondSprite());
 }
 
 void cLogic::onPrintScreen(cView*) {

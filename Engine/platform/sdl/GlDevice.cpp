@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 
 #include "Engine/core/CallStack.h"
 #include "Engine/graphics/image/Image.h"
@@ -44,7 +45,10 @@ void enable(GLenum what, Bool on) {
     on ? glEnable(what) : glDisable(what);
 }
 
-/// One that runs on the processor reads every texture of a choice for every pixel, whichever is chosen.
+/// One that runs on the processor reads every texture of a choice for every pixel, whichever is chosen, and vertices
+/// are dear there: a crowd of two dozen men is the largest that has soft edges.
+constexpr UInt most_soft_triangles = 16000;
+
 Bool isSoftwareRenderer() {
     const std::string name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
     return std::ranges::any_of(std::array{"llvmpipe", "softpipe", "SwiftShader", "Software"},
@@ -69,9 +73,10 @@ cGlDevice::cGlDevice(SDL_Window* window) : m_window(window), m_context(createAny
     m_max_texture_size = static_cast<UInt>(size);
     m_single.emplace(1u);
     m_multi.emplace(sDrawGroup::max_textures);
-    if (isSoftwareRenderer())
+    const Bool in_software = isSoftwareRenderer();
+    if (in_software)
         m_draws = cDrawGroups(1);
-    m_units.emplace();
+    m_units.emplace(in_software ? most_soft_triangles : std::numeric_limits<UInt>::max());
     createBuffers();
     const std::uint8_t white[] = {255, 255, 255, 255};
     m_white = createTexture(1, 1, white).handle;

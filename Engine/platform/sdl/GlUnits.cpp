@@ -36,7 +36,8 @@ void setBones(const sMeshFormat& format) {
 
 }  // namespace
 
-cGlUnits::cGlUnits() : m_blocks(getBlockAlignment()) {
+cGlUnits::cGlUnits(UInt most_soft_triangles)
+    : m_most_soft_triangles(most_soft_triangles), m_blocks(getBlockAlignment()) {
     glGenVertexArrays(1, &m_vertex_array);
     glGenBuffers(1, &m_blocks_buffer);
     glClearDepthf(0.0f);
@@ -79,11 +80,13 @@ void cGlUnits::clear() {
     m_units.clear();
     m_blocks.clear();
     m_bodies = 0;
+    m_triangles = 0;
 }
 
 UInt cGlUnits::add(const sUnitDraw& unit) {
     if (m_units.empty() || !unit.same_body)
         ++m_bodies;
+    m_triangles += unit.triangles;
     m_units.push_back({.vertex_buffer = unit.vertex_buffer,
                        .index_buffer = unit.index_buffer,
                        .format = unit.format,
@@ -165,7 +168,7 @@ void cGlUnits::draw(UInt place, const sDrawState& state, const Matrix& projectio
     };
     const Bool is_mask = state.stencil == eStencil::write;
     is_mask ? glDisable(GL_DEPTH_TEST) : glEnable(GL_DEPTH_TEST);
-    if (state.blend == eBlend::alpha && !state.wireframe)
+    if (m_triangles <= m_most_soft_triangles && state.blend == eBlend::alpha && !state.wireframe)
         draw_triangles(unit.body * 2, fringe_width * pixel);
     draw_triangles(unit.body * 2 + 1, 0.0f);
 }

@@ -16,10 +16,12 @@ namespace Engine::Platform {
 ///
 /// The units of a frame are gathered and sent together before the first one is drawn. Each body has a slice of the
 /// depth range for itself, the later the nearer, so that it covers those before it without depth being cleared in
-/// between.
+/// between. Edges are softened by a fringe, which costs each unit a second draw: a frame with too many triangles for
+/// that does without.
 class cGlUnits {
 public:
-    cGlUnits();
+    /// @param most_soft_triangles  of all units of a frame that has soft edges
+    explicit cGlUnits(UInt most_soft_triangles);
     ~cGlUnits();
     cGlUnits(const cGlUnits&) = delete;
     cGlUnits& operator=(const cGlUnits&) = delete;
@@ -65,6 +67,8 @@ private:
     UInt m_bound_indices = 0;
     std::vector<sUnit> m_units;
     UInt m_bodies = 0;
+    UInt m_triangles = 0;  ///< of all units of the frame
+    UInt m_most_soft_triangles;
     cUnitBlocks m_blocks;
 };
 
