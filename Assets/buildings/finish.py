@@ -1,6 +1,8 @@
 """From the renders of what stands on the maps to its pictures: the thing itself, and the ground under it with its shadow."""
+import os
+
 import numpy
-from PIL import Image, ImageFilter
+from PIL import Image, ImageChops, ImageFilter
 
 import looks
 import palette
@@ -25,10 +27,25 @@ def pictures(renders, name):
         else:
             image = shrunk(f"{renders}/{file}.png", look.size)
             picture.save(image, f"Buildings/{file}.png")
-            if name in PLOTS and state.endswith("_0"):
-                picture.save(filled(image), f"Buildings/{file}_mask.png")
         if look.trodden:
             picture.save(base(f"{renders}/{file}_shadow.png", look, file), f"Buildings/{file}_base.png")
+    if name in PLOTS:
+        masks(name)
+
+
+def masks(name):
+    """Writes FILE_mask.png for every level of a plot, from its pictures: what is hit is the thing and the whole plot that it stands on.
+
+    So a place that was clicked to build is clicked to work, though a gap may be in the picture there.
+    """
+    def opened(state):
+        return Image.open(os.path.join(picture.DATA, "Buildings", looks.file_name(name, state) + ".png")).convert("RGBA")
+    levels = [state for state in looks.LOOKS[name].states if state[-1].isdigit()]
+    plot = filled(opened(levels[0])).getchannel("A")
+    for state in levels:
+        mask = Image.new("RGBA", plot.size, (*palette.rgb("ink"), 0))
+        mask.putalpha(ImageChops.lighter(plot, opened(state).getchannel("A").point(lambda a: 255 * (a > 40))))
+        picture.save(mask, f"Buildings/{looks.file_name(name, state)}_mask.png")
 
 
 def filled(image):

@@ -1,16 +1,16 @@
-"""The second level: food, wood and stone, and two ways round to the bridge.
+"""The second level: food, wood and stone, a market that buys bread, and two ways round to the bridge.
 
 In the corner behind the northern one the enemy has his first bunker; a line of fences with two gates shuts it in.
 """
 
 SIZE = (800, 600)
 POINTS = [
-    (110, 240, 0), (207, 212, 0), (302, 180, 0), (217, 322, 0), (312, 293, 0), (398, 128, 0), (412, 228, 0),
+    (110, 240, 0), (207, 212, 0), (302, 180, 0), (212, 330, 0), (312, 293, 0), (398, 128, 0), (412, 228, 0),
     (130, 405, 0), (277, 408, 0), (384, 388, 0), (330, 497, 0), (500, 305, 2), (484, 432, 0), (522, 165, 0),
     (602, 240, 0), (596, 385, 0), (693, 300, 0), (634, 140, 0), (594, 490, 0), (495, 110, 0), (700, 214, 0),
 ]
-ROADS = [(0, 1), (1, 3)]
-GROUND = [(1, 2), (2, 4), (3, 4), (2, 5), (2, 6), (4, 6), (3, 7), (3, 8), (4, 9), (8, 9), (8, 10), (9, 10), (6, 11), (9, 12), (11, 12),
+ROADS = [(0, 1), (1, 3), (1, 2), (2, 5)]
+GROUND = [(2, 4), (3, 4), (2, 6), (4, 6), (3, 7), (3, 8), (4, 9), (8, 9), (8, 10), (9, 10), (6, 11), (9, 12), (11, 12),
           (6, 13), (11, 14), (14, 16), (12, 15), (11, 15), (15, 16), (12, 18), (15, 18)]
 FENCE = {"Money": 10, "Wood": 3}  # of the whole line
 OTHER_ARCS = [  # p1, p2, type, price
@@ -23,12 +23,15 @@ BUILDINGS = [
     {"Type": 13, "point": 5, "Level": 1, "MinLevel": 0},
     {"Type": 12, "point": 7, "Level": 0, "MinLevel": 0},
     {"Type": 9, "point": 10, "Level": 1, "MinLevel": 0},
+    {"Type": 17, "point": 3, "Tasks": [
+        {"id": "sell_food", "index": 0, "depends": "no", "repeat": 1, "src_cargo": {"Food": 2}, "dst_cargo": {"Money": 15}},
+        {"id": "buy_wood", "index": 1, "depends": "no", "repeat": 1, "src_cargo": {"Money": 15}, "dst_cargo": {"Wood": 2}}]},
     {"Type": 11, "point": 18, "Level": 0, "MinLevel": 0},
     {"Type": 15, "point": 17, "Tasks": [
         {"id": "raid", "depends": "no", "goal_type": 0, "task_parameter": 0, "goal_src": 14, "goal_dst": 16, "start_time": 240, "delay": 150,
          "repeat": 1}]},
-    {"Type": 14, "point": 16, "BridgeNumber": 1, "NextLevel": 2, "Angle": 0, "GoldTime": 420, "SilverTime": 180,
-     "Upgrades": [{"Money": 20, "Wood": 6, "Stone": 4, "MenAmount": 3, "UpgradeTime": 8, "Capacity": 0},
+    {"Type": 14, "point": 16, "BridgeNumber": 1, "NextLevel": 2, "Angle": 0, "GoldTime": 325, "SilverTime": 115,
+     "Upgrades": [{"Money": 20, "Wood": 6, "Stone": 3, "MenAmount": 3, "UpgradeTime": 8, "Capacity": 0},
                   {"Money": 0, "Food": 8, "Wood": 6, "MenAmount": 2, "UpgradeTime": 4, "Capacity": 0}]},
 ]
 LAND = [(34, 250), (48, 180), (120, 158), (190, 138), (262, 96), (330, 50), (430, 36), (540, 72), (640, 58), (712, 110),

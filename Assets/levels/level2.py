@@ -8,12 +8,12 @@ POINTS = [
     (915, 172, 1), (1112, 300, 0), (1204, 240, 0), (1294, 272, 0), (1094, 432, 0), (1184, 386, 0), (1240, 484, 0),
     (936, 226, 0), (902, 374, 0), (1040, 486, 0),
 ]
-ROADS = [(0, 1), (1, 3), (1, 2)]
-GROUND = [(2, 4), (3, 4), (2, 5), (2, 6), (6, 7), (4, 7), (3, 8), (3, 9), (4, 9), (9, 10), (7, 10), (6, 11), (7, 11), (7, 12), (10, 12),
+ROADS = [(0, 1), (1, 3), (1, 2), (2, 5)]
+GROUND = [(2, 4), (3, 4), (2, 6), (6, 7), (4, 7), (3, 8), (3, 9), (4, 9), (9, 10), (7, 10), (6, 11), (7, 11), (7, 12), (10, 12),
           (11, 12), (11, 13), (12, 13), (6, 14), (11, 14), (15, 16), (15, 17), (16, 17), (16, 18), (16, 19), (17, 19), (17, 20),
           (17, 21), (20, 21), (16, 24), (22, 24), (19, 22), (19, 23), (20, 23), (22, 25), (23, 25), (25, 26), (26, 27)]
 OTHER_ARCS = [  # p1, p2, type, price
-    (13, 15, 10, {"Wood": 6, "Stone": 4}),
+    (13, 15, 10, {"Wood": 5, "Stone": 3}),
     (19, 31, 5, {"Wood": 4, "Iron": 1}), (19, 32, 5, {"Wood": 4, "Iron": 1}),
     (29, 30, 2, {}), (28, 29, 2, {}), (23, 28, 2, {}), (28, 33, 4, {}),
 ]
@@ -23,7 +23,7 @@ BUILDINGS = [
     {"Type": 13, "point": 5, "Level": 1, "MinLevel": 0},
     {"Type": 12, "point": 8, "Level": 1, "MinLevel": 0},
     {"Type": 9, "point": 9, "Level": 1, "MinLevel": 1},
-    {"Type": 11, "point": 14, "Level": 0, "MinLevel": 0},
+    {"Type": 11, "point": 14, "Level": 1, "MinLevel": 0},
     {"Type": 10, "point": 18, "Level": 0, "MinLevel": 0},
     {"Type": 9, "point": 21, "Level": 0, "MinLevel": 0},
     {"Type": 17, "point": 3, "Tasks": [
@@ -40,9 +40,9 @@ BUILDINGS = [
          "start_time": 240, "delay": 150, "repeat": 1},
         {"id": "thief", "depends": "no", "goal_type": 0, "task_parameter": 0, "goal_src": 19, "goal_dst": 23,
          "start_time": 330, "delay": 180, "repeat": 1}]},
-    {"Type": 14, "point": 27, "BridgeNumber": 2, "NextLevel": -1, "Angle": 0, "GoldTime": 720, "SilverTime": 300,
-     "Upgrades": [{"Money": 30, "Wood": 8, "Stone": 6, "Iron": 2, "MenAmount": 4, "UpgradeTime": 10, "Capacity": 0},
-                  {"Money": 0, "Food": 10, "Wood": 6, "Iron": 4, "MenAmount": 2, "UpgradeTime": 4, "Capacity": 0}]},
+    {"Type": 14, "point": 27, "BridgeNumber": 2, "NextLevel": -1, "Angle": 0, "GoldTime": 560, "SilverTime": 205,
+     "Upgrades": [{"Money": 30, "Wood": 6, "Stone": 4, "Iron": 2, "MenAmount": 4, "UpgradeTime": 10, "Capacity": 0},
+                  {"Money": 0, "Food": 8, "Wood": 4, "Iron": 2, "MenAmount": 2, "UpgradeTime": 4, "Capacity": 0}]},
 ]
 LAND = [(34, 340), (46, 262), (110, 236), (180, 196), (226, 110), (300, 62), (420, 70), (520, 52), (640, 40), (760, 56), (860, 70), (960, 92),
         (1060, 130), (1150, 150), (1250, 168), (1350, 210), (1368, 280), (1338, 346), (1318, 420), (1330, 510), (1250, 562),

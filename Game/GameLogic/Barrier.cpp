@@ -5,8 +5,15 @@
 
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
+#include "Engine/graphics/Graphics.h"
+#include "Game/GameLogic/WayPoint.h"
+#include "Game/GameLogic/goals/Goal.h"
+#include "Game/GameLogic/men/Man.h"
+#include "Game/GameLogic/roads/DraggedRoad.h"
 #include "Game/GameLogic/roads/Road.h"
+#include "Game/GameLogic/roads/RoadPlan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
+#include "Game/Ui/GameStrings.h"
 
 using namespace Engine;
 
@@ -95,6 +102,86 @@ Bool cBarrier::degrade(Int amount) {
     setLevel(std::max(getLevel() - amount, 0));
     setViewBuilt(false);
     return true;
+}
+
+void cBarrier::setArc(Int type) {
+    getMap().setArcType(getP0(), getP1(), type);
+}
+
+Int cBarrier::findClosestOf(const std::set<Int>& points, const cMan& man, Int src) const {
+    Float best = no_way;
+    Int res = -1;
+    PATH_HOLDER path;
+    for (const Int point : points) {
+        if (!getMap().getBestPathByRoads(&man, src, point, path, true, true, false))
+            continue;
+        const Float length = getMap().getPathLength(path);
+        if (length >= best)
+            continue;
+        best = length;
+        res = point;
+    }
+    return res;
+}
+
+// The player's hand --------------------------------------------------------------------------------------------------
+
+cWayPoint* cBarrier::getWayPoint() const {
+    return hasEnds() ? getMap().getPoint(getP0()).way_point : nullptr;
+}
+
+Bool cBarrier::isOnScreen() const {
+    const cGraphics* graphics = cGraphics::getInstance();
+    const Vector2 place = cLevelObject::getPosition();
+    return place.x >= 0.0f && place.y >= 0.0f && place.x < static_cast<Float>(graphics->getWidth()) &&
+           place.y < static_cast<Float>(graphics->getHeight());
+}
+
+/// Nothing for one that can be got at already.
+void cBarrier::proposeRoad() {
+    cWayPoint* way_point = getWayPoint();
+    if (!way_point || getMap().areTargetsShown())
+        return;
+    Int from = -1;
+    if (cDraggedRoad* dragged = getMap().getRoadInDrag()) {
+        dragged->hide();
+        from = dragged->getP0();
+    } else if (isPlayerConnected()) {
+        return;
+    }
+    way_point->proposeRoadPlan(from);
+    way_point->hideRoadPrice();
+}
+
+void cBarrier::processRoad() {
+    cWayPoint* way_point = getWayPoint();
+    if (way_point && !getMap().getPoint(getP0()).player_connected)
+        way_point->processRoadPlan();
+}
+
+void cBarrier::tellOrder(sInfoTip& info) const {
+    if (!isShown() || !isEnabled())
+        return;
+    if (getUpgradeState() != idle) {
+        info.text = getGameString(getLevel() == 0 ? "in_progress_of_building" : "in_progress_of_improvement");
+        return;
+    }
+    if (getLevel() > 0)
+        return;
+    info.text = getGameString("build");
+    info.cargo = getPrice().amounts;
+    info.men = getNeededMen(goalUpgrade);
+    info.compare_global = true;
+}
+
+void cBarrier::tellRoad(sInfoTip& info) const {
+    const cWayPoint* way_point = getWayPoint();
+    const cRoadPlan* plan = way_point ? way_point->getRoadPlan() : nullptr;
+    if (getLevel() == 0 || isPlayerConnected() || !plan || !isShown() || !isEnabled())
+        return;
+    info.text = getGameString("road");
+    info.cargo = plan->getPrice().amounts;
+    info.compare_global = true;
 }
 
 // Its pieces ---------------------------------------------------------------------------------------------------------

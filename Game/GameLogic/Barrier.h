@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <vector>
 
 #include "Game/CommonUI/InfoTip.h"
@@ -7,6 +8,8 @@
 #include "Game/GameLogic/LevelObject.h"
 #include "Game/GameLogic/Target.h"
 #include "Game/GameLogic/UpgradableUnit.h"
+
+class cWayPoint;
 
 /// What stands, or may stand, on an arc between two points: a fence or a bridge road. At level 0 it is a site, at level
 /// 1 it stands.
@@ -47,6 +50,17 @@ protected:
     /// @param last_gap   what is left free at p1, units
     std::vector<Vector2> layPieces(Float width, Float first_gap, Float last_gap) const;
     Vector2 getEndPos(Int end) const;  ///< of a point, on the screen
+    Bool isOnScreen() const;           ///< its middle
+    void setArc(Int type);             ///< of its arc, in both directions
+    cWayPoint* getWayPoint() const;    ///< that of its first end; null without one
+    /// Of those points the one that the man reaches first from src; -1 for none.
+    Int findClosestOf(const std::set<Int>& points, const cMan& man, Int src) const;
+
+    // The player's hand, on a barrier of his
+    void proposeRoad();  ///< shows the road that would lead to it, from the one in drag or from his net
+    void processRoad();  ///< orders that road, to one that stands where nobody can get at it
+    void tellOrder(sInfoTip& info) const;  ///< what a site costs, or that it is in work
+    void tellRoad(sInfoTip& info) const;   ///< what the proposed road to a standing one costs
 
 private:
     sResourceCargo m_price;

@@ -51,19 +51,26 @@ void play(const Simulate::sSettings& settings, const std::filesystem::path& home
     Simulate::cPlayer player(stage, std::move(actions), settings.script);
     const double step = settings.step / 1000.0;
     double next_report = settings.every;
+    const auto report = [&](double time, int indent) {
+        out << makeReport(time, settings.seed, player).dump(indent) << '\n';
+    };
     long frame = 0;
     double time = 0.0;
     for (; time < settings.until - step * 0.5 && stage.isLevelPlayed(); time = static_cast<double>(++frame) * step) {
         player.act(time);
         if (settings.every > 0.0 && time >= next_report - step * 0.5) {
-            out << makeReport(time, settings.seed, player).dump() << '\n';
+            report(time, -1);
             next_report += settings.every;
         }
         stage.frame();
+        if (stage.isLevelLeft())
+            break;
         stage.waitForRoll();
     }
-    player.act(time);
-    out << makeReport(time, settings.seed, player).dump(settings.every > 0.0 ? -1 : 1) << '\n';
+    if (!stage.isLevelLeft())
+        player.act(time);
+    report(time, settings.every > 0.0 ? -1 : 1);
+    stage.waitForRoll();
 }
 
 int run(const Simulate::sSettings& settings) {

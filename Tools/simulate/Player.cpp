@@ -151,7 +151,7 @@ void cPlayer::perform(const sAction& action) {
         return openMenu("MapButton");
     if (what == "shot") {
         requireCount(words, 2);
-        return m_stage.getMachine().shoot(words[1]);
+        return shoot(words[1]);
     }
     if (what == "goback")
         return goBack();
@@ -160,6 +160,19 @@ void cPlayer::perform(const sAction& action) {
     if (what == "trade")
         return trade(words);
     throw String("there is no action \"") + what + "\"";
+}
+
+/// The one frame whose picture is wanted is drawn.
+void cPlayer::shoot(const std::string& path) {
+    m_movements.push_back([this] {
+        m_stage.setDrawing(true);
+        return true;
+    });
+    m_movements.push_back([this, path] {
+        m_stage.setDrawing(false);
+        m_stage.getMachine().shoot(path);
+        return true;
+    });
 }
 
 // Movements ----------------------------------------------------------------------------------------------------------

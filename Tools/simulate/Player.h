@@ -36,6 +36,7 @@ private:
     using WORDS = std::vector<std::string>;
 
     void perform(const sAction& action);
+    void shoot(const std::string& path);
     static const Engine::cControl* findButton(const std::string& name, const cBuilding* building);
     static const Engine::cControl* findCaravan(const cBuilding* building);
     void click(const WORDS& words);

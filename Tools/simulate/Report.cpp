@@ -102,8 +102,10 @@ ordered_json tellBuilding(const cBuilding& building) {
     res["player_connected"] = building.isPlayerConnected();
     if (unit)
         res["delivered"] = tell(unit->getUpgradeCargo().getCargo());
-    if (const auto* mill = dynamic_cast<const cMill*>(&building))
+    if (const auto* mill = dynamic_cast<const cMill*>(&building)) {
+        res["mill_state"] = mill->getMillState();
         res["loads"] = mill->getLoads();
+    }
     if (const auto* market = dynamic_cast<const cMarket*>(&building))
         tellMarket(res, *market);
     return res;

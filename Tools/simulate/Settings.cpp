@@ -18,15 +18,17 @@ const char help[] = R"(simulate: play a level without a screen
   --profile NAME   the player
   --seed S         of the generator of chance; 1
   --step SECONDS   of one frame, 0.005 to 0.066, in whole milliseconds; 0.02
-  --until SECONDS  of level time; 0 is the first frame in which the level takes input
+  --until SECONDS  of level time; 0 is the first frame in which the level takes input. A level that is left ends the run before
   --script FILE    what the player does: lines of "TIME ACTION", sorted by time, # for comments
   --report FILE    where the report goes, one JSON object; without it to standard output
   --every SECONDS  a report each so many seconds, one a line
   --set KEY=VALUE  writes a property of the player first; may come more than once
-  --draw           draws what is played (off-screen), for the action "shot"
+  --draw           can draw (off-screen) what is played, where the action "shot" asks for it
 
 Actions:
   click point N | click building TYPE K | click arc A B | click man K      drag point A point B
+  click unload TYPE K | click upgrade TYPE K | click caravan TYPE K
+  buy man|idol|catapult | trade TYPE K INDEX
   move X Y | press left|right | release left|right | key CODE press|release
   query path FROM TO CROSS_COUNTRY [player] [gates] [idols]
   query roadplan A | draggedroad A B | shippath A | freepoint A

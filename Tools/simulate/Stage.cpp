@@ -35,7 +35,7 @@ cStage::cStage(const sSettings& settings, const std::filesystem::path& home) : m
     context.no_sound = true;
     context.single_instance = false;
     m_engine = std::make_unique<cEngine>(context);
-    cLogic::getInstance()->setDrawing(settings.draw);
+    cLogic::getInstance()->setDrawing(false);
     drainMessages();
     cProfile::setInitHook(cGame::onInitProfile);
     m_strings = std::make_unique<cGameStrings>();
@@ -79,9 +79,18 @@ void cStage::frame() {
     cLogic::getInstance()->process();
 }
 
+void cStage::setDrawing(bool drawing) {
+    cLogic::getInstance()->setDrawing(drawing);
+}
+
 bool cStage::isLevelPlayed() const {
     const cTacticMap* map = cTacticMap::getInstance();
     return map && map->hasLevel() && !map->isRolling();
+}
+
+bool cStage::isLevelLeft() const {
+    const cTacticMap* map = cTacticMap::getInstance();
+    return map && map->hasLevel() && map->isRollingOut() && !map->isToBeReplayed();
 }
 
 bool cStage::takesInput() const {

@@ -22,6 +22,7 @@ public:
 
     iMachine& getMachine() { return *m_machine; }
     void frame();
+    void setDrawing(bool drawing);  ///< of the frames to come, on a machine that can; they are not drawn before
     /// Frames until the level takes input; they count for nobody.
     void waitForLevel();
     void waitForRoll();  ///< out of the level, and into the next one if there is one
@@ -29,6 +30,7 @@ public:
     void enterLevel(int level);
     void reenter();              ///< leaves the level for the map of levels and enters it again, as it was left
     bool isLevelPlayed() const;  ///< it has not been left, though a menu may lie over it
+    bool isLevelLeft() const;    ///< it rolls out, for good and not for a replay; all of it is still there
     bool takesInput() const;
 
 private:

@@ -11,7 +11,6 @@
 #include "Game/CommonUI/SimpleEffect.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/fences/FencePlan.h"
-#include "Game/GameLogic/men/Man.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
@@ -65,27 +64,10 @@ void cFence::setInitState() {
         m_height = 0.0f;
 }
 
-void cFence::setArc(Int type) {
-    getMap().setArcType(getP0(), getP1(), type);
-}
-
 // Its order ----------------------------------------------------------------------------------------------------------
 
 Int cFence::findClosestPoint(const cMan& man, Int src) const {
-    const cFencePlan plan(const_cast<cFence&>(*this));
-    Float best = no_way;
-    Int res = -1;
-    PATH_HOLDER path;
-    for (const Int point : plan.getPoints()) {
-        if (!getMap().getBestPathByRoads(&man, src, point, path, true, true, false))
-            continue;
-        const Float length = getMap().getPathLength(path);
-        if (length >= best)
-            continue;
-        best = length;
-        res = point;
-    }
-    return res;
+    return findClosestOf(cFencePlan(const_cast<cFence&>(*this)).getPoints(), man, src);
 }
 
 void cFence::endWork() {

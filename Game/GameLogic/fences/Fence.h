@@ -55,7 +55,6 @@ protected:
     virtual Int getStandingArc() const = 0;
     virtual void invalidateFences() = 0;                  ///< all of its side build their views anew
     virtual Bool looksDisabled() const { return false; }  ///< as a site
-    void setArc(Int type);
 
 private:
     virtual Engine::cOverlayButton* createTile(const Vector2& place, const Engine::cOverlayButton& proto);
@@ -124,7 +123,6 @@ protected:
 
 private:
     cFencePlan& getPlan();
-    cWayPoint* getWayPoint() const;  ///< that of its first end
 
     /// Its run, from when the pointer or updateView() first needs it until a fence rises or falls.
     std::unique_ptr<cFencePlan> m_fence_plan;

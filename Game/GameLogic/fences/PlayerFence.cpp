@@ -1,32 +1,17 @@
 // The fences that the player orders.
 #include "Engine/Ui/ProgressFloat.h"
 #include "Engine/core/CallStack.h"
-#include "Engine/graphics/Graphics.h"
 #include "Game/CommonUI/NewControlEffect.h"
 #include "Game/GameLogic/WayPoint.h"
-#include "Game/GameLogic/buildings/Building.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/fences/FencePlan.h"
 #include "Game/GameLogic/goals/BuildRoadGoal.h"
 #include "Game/GameLogic/goals/DeliveryGoal.h"
 #include "Game/GameLogic/men/Man.h"
-#include "Game/GameLogic/roads/DraggedRoad.h"
-#include "Game/GameLogic/roads/RoadPlan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/GameUI/Tactic/Utils.h"
-#include "Game/Ui/GameStrings.h"
 
 using namespace Engine;
-
-namespace {
-
-Bool isOnScreen(const Vector2& position) {
-    const cGraphics* graphics = cGraphics::getInstance();
-    return position.x >= 0.0f && position.y >= 0.0f && position.x < static_cast<Float>(graphics->getWidth()) &&
-           position.y < static_cast<Float>(graphics->getHeight());
-}
-
-}  // namespace
 
 cPlayerFence::cPlayerFence(cView* parent) : cFence(parent) {
 }
@@ -121,14 +106,10 @@ void cPlayerFence::updateView(Bool hide) {
         return;
     const Bool possible =
         getLevel() == 0 && getUpgradeState() == idle && isUpgradeAllowed() && getPlan().isPlayerConnected();
-    if (possible && !isActive() && !getMap().isLocked() && isOnScreen(cControl::getPosition()))
+    if (possible && !isActive() && !getMap().isLocked() && isOnScreen())
         cNewControlEffect::play(this, *this, "Effects/UpAvailEffect.xml");
     setActive(possible);
     setStatePicture(getState());
-}
-
-cWayPoint* cPlayerFence::getWayPoint() const {
-    return hasEnds() ? getMap().getPoint(getP0()).way_point : nullptr;
 }
 
 /// One that nobody can get at offers the road there.
@@ -136,18 +117,7 @@ void cPlayerFence::hovered() {
     ENGINE_MARK;
     cFence::hovered();
     getPlan().hovered(static_cast<Int>(eButtonState::hovered));
-    cWayPoint* way_point = getWayPoint();
-    if (!way_point || getMap().areTargetsShown())
-        return;
-    Int from = -1;
-    if (cDraggedRoad* dragged = getMap().getRoadInDrag()) {
-        dragged->hide();
-        from = dragged->getP0();
-    } else if (isPlayerConnected()) {
-        return;
-    }
-    way_point->proposeRoadPlan(from);
-    way_point->hideRoadPrice();
+    proposeRoad();
 }
 
 void cPlayerFence::unhovered() {
@@ -161,12 +131,8 @@ void cPlayerFence::unhovered() {
 void cPlayerFence::clicked() {
     ENGINE_MARK;
     cFence::clicked();
-    if (getLevel() > 0) {
-        cWayPoint* way_point = getWayPoint();
-        if (way_point && !getMap().getPoint(getP0()).player_connected)
-            way_point->processRoadPlan();
-        return;
-    }
+    if (getLevel() > 0)
+        return processRoad();
     getPlan();
     if (canBuildFence()) {
         cFencePlan plan(*this);
@@ -180,26 +146,9 @@ void cPlayerFence::clicked() {
 // Its tip ------------------------------------------------------------------------------------------------------------
 
 void cPlayerFence::updateInfoTipCargo(sInfoTip& info) {
-    if (!isShown() || !isEnabled())
-        return;
-    if (getUpgradeState() != idle) {
-        info.text = getGameString(getLevel() == 0 ? "in_progress_of_building" : "in_progress_of_improvement");
-        return;
-    }
-    if (getLevel() > 0)
-        return;
-    info.text = getGameString("build");
-    info.cargo = (m_fence_plan ? m_fence_plan->getPrice() : getPrice()).amounts;
-    info.men = getNeededMen(goalUpgrade);
-    info.compare_global = true;
+    tellOrder(info);
 }
 
 void cPlayerFence::updateInfoTipPrice(sInfoTip& info) {
-    const cWayPoint* way_point = getWayPoint();
-    const cRoadPlan* plan = way_point ? way_point->getRoadPlan() : nullptr;
-    if (getLevel() == 0 || isPlayerConnected() || !plan || !isShown() || !isEnabled())
-        return;
-    info.text = getGameString("road");
-    info.cargo = plan->getPrice().amounts;
-    info.compare_global = true;
+    tellRoad(info);
 }

@@ -108,6 +108,8 @@ public:
     Bool isLocked() const override { return m_locked; }
     Bool isInputOff() const { return m_input_off; }
     Bool isRolling() const { return m_roll.isRunning(); }
+    Bool isRollingOut() const { return m_roll.isRollingOut(); }
+    Bool isToBeReplayed() const { return m_replay; }  ///< rolls out, to come again from its file
     Bool isLevelCompleted() const { return m_level_completed; }
     void setLevelCompleted(Bool completed) { m_level_completed = completed; }
 
