@@ -142,6 +142,24 @@ void cGame::dropSavedLevel(Int level) {
     m_levels.erase(found);
 }
 
+Bool cGame::isLevelSaved(Int level) {
+    const cGame* game = getInstance();
+    return game && game->getSavedLevel(level);
+}
+
+sLevelHead cGame::readLevelHead(Int level) {
+    sLevelHead head;
+    if (!isLevelSaved(level))
+        return head;
+    try {
+        head.serialize(*getInstance()->getSavedLevel(level)->createReader());
+    } catch (...) {
+        noteInSaveLog(String("The map of levels, level " + std::to_string(level) + ": " + takeFailureLine()));
+        head = {};
+    }
+    return head;
+}
+
 Bool cGame::isLevelOpen(Int level) {
     return cProfile::getBools()[getStaticString("LevelOpen", level)];
 }

@@ -5,6 +5,7 @@
 #include "Engine/Ui/View.h"
 #include "Engine/core/Singleton.h"
 #include "Game/Types.h"
+#include "Game/Ui/LevelHead.h"
 #include "Game/Ui/SaveFile.h"
 
 /// A game of one player: how he left each level that he entered. And the flow of the program around it, from the start
@@ -46,6 +47,9 @@ public:
     /// properties.
     static sProgress& getProgress();
 
+    static Bool isLevelSaved(Int level);  ///< was it left once?
+    /// How it was left. Nothing is known of one that never was, or whose record is damaged: who enters it is told.
+    static sLevelHead readLevelHead(Int level);
     static Bool isLevelOpen(Int level);
     static void openLevel(Int level);  ///< on the map of levels, for good
 

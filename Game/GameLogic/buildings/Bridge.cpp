@@ -7,19 +7,13 @@
 
 #include "Engine/Ui/LoadView.h"
 #include "Engine/Ui/Profile.h"
-#include "Engine/Ui/Scavenger.h"
-#include "Engine/Ui/TextLine.h"
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
 #include "Engine/core/Timer.h"
-#include "Game/CommonUI/ProgressFloatExt.h"
 #include "Game/GameLogic/SavedValue.h"
-#include "Game/GameLogic/buildings/BridgeFlag.h"
 #include "Game/GameLogic/buildings/Caravan.h"
 #include "Game/GameLogic/goals/Goal.h"
-#include "Game/GameLogic/men/EnemyMan.h"
-#include "Game/GameLogic/men/tasks/EnemyBringsFlag.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/GameUI/Tactic/Utils.h"
 #include "Game/Ui/GameSounds.h"
@@ -36,17 +30,6 @@ constexpr Float frame_end = 0.01f;  ///< seconds before an animation's end at wh
 constexpr Int harbour_level = 11;  ///< the last level before the crossing that takes a plan of its own
 constexpr Int harbour_plan = 32;   ///< that product
 
-const char* getFlagId(Int mark) {
-    switch (mark) {
-        case markGold:
-            return "golden_flag";
-        case markSilver:
-            return "silver_flag";
-        default:
-            return "blue_flag";
-    }
-}
-
 }  // namespace
 
 cBridge::cBridge(cView* parent)
@@ -54,20 +37,7 @@ cBridge::cBridge(cView* parent)
       m_way(*this),
       m_caravan(new cCaravan(*this)),
       m_goods(new cPicture(this)),
-      m_flag(new cBridgeFlag(this)),
-      m_time_progress(new cProgressFloatExt(this)),
-      m_clock(new cTextLine(this)),
-      m_debug_clock(new cTextLine(this)),
-      m_flag_man(static_cast<cEnemyMan*>(cLevelObject::create(objectEnemyMan, getMap()))) {
-    m_flag_man->setOnClick(nullptr);
-}
-
-cBridge::~cBridge() {
-    if (!isValid(m_flag_man))
-        return;
-    m_flag_man->hide();
-    m_flag_man->disable();
-    discard(static_cast<cView*>(m_flag_man), here());
+      m_clock(*this) {
 }
 
 void cBridge::loadXML(const iXML* xml) {
@@ -80,17 +50,13 @@ void cBridge::loadXML(const iXML* xml) {
     readKey(*xml, u"screen_margin", m_screen_margin);
     readKey(*xml, u"cargo_tip_offset", m_cargo_tip_offset);
     readKey(*xml, u"cargo_levels_amount", m_cargo_levels_amount);
-    readKey(*xml, u"flag_entry", m_flag_entry_offset);
     loadChild(*m_caravan, xml, "Caravan");
     loadChild(*m_goods, xml, "Goods");
-    loadChild(*m_flag, xml, "Flag");
-    loadChild(*m_time_progress, xml, "TimeProgress");
-    loadChild(*m_clock, xml, "Clock");
-    loadChild(*m_debug_clock, xml, "DbgClock");
+    m_clock.loadXML(xml);
     m_way.loadXML(xml);
     m_caravan->disable();
-    for (cControl* part : std::initializer_list<cControl*>{m_caravan, m_goods, m_time_progress, m_clock})
-        part->hide();
+    m_caravan->hide();
+    m_goods->hide();
 }
 
 // Its state ----------------------------------------------------------------------------------------------------------
@@ -104,8 +70,7 @@ void cBridge::loadXmlState(const iXML* xml) {
     Float degrees = 0.0f;
     readKey(*xml, u"Angle", degrees);
     m_angle = glm::radians(degrees);
-    readKey(*xml, u"GoldTime", m_gold_time);
-    readKey(*xml, u"SilverTime", m_silver_time);
+    m_clock.loadXmlState(xml);
 }
 
 void cBridge::serialize(iArch& arch) {
@@ -125,8 +90,7 @@ void cBridge::serialize(iArch& arch) {
     arch << m_next_level;
     serializeNumber(arch, m_angle);
     serializeBool(arch, m_passed);
-    for (Float* time : {&m_gold_time, &m_silver_time, &m_elapsed})
-        serializeNumber(arch, *time);
+    m_clock.serialize(arch);
 }
 
 void cBridge::saveBinState(iArch& arch) {
@@ -153,10 +117,7 @@ void cBridge::setInitState() {
     cUpgradableBuilding::setInitState();
     setOnClick(onClick);
     layBridge();
-    setupFlags();
-    m_flag_place = getMap().toMap(m_flag->getPosition());
-    m_flag_man->setPoint(getUnderPoint());
-    m_flag_man->setPosition(getMap().toScreen(m_flag_entry));
+    m_clock.begin(getMap().toMap(cControl::getPosition() + m_way.getWay()));
     updateGoodsVisualState();
     if (getLevel() == caravan_waits) {
         waitWithCaravan();
@@ -172,7 +133,6 @@ void cBridge::layBridge() {
     const Float left = map.toScreen({0.0f, 0.0f}).x;
     const Vector2 gate = cControl::getPosition();
     m_way.lay(gate, m_angle, left, left + map.getSize().x, m_screen_margin);
-    m_flag_entry = map.toMap(gate + m_way.getWay()) + m_flag_entry_offset;
     m_caravan->setAngle(m_caravan_angle);
     showWayLook();
 }
@@ -188,13 +148,8 @@ void cBridge::showWayLook() {
 void cBridge::process() {
     cUpgradableBuilding::process();
     const Float step = cTimer::getInstance()->getStep();
-    if (!m_passed) {
-        m_elapsed += step;
-        m_debug_clock->setText(getTime(static_cast<Int>(m_elapsed)));
-        if (!m_flag_in_transit)
-            updateFlags();
-        m_flag->setAnimTime(m_flag->getAnimTime() + step);
-    }
+    if (!m_passed)
+        m_clock.process(step);
     processCaravan(step, cTimer::getInstance()->getRealStep());
 }
 
@@ -387,11 +342,11 @@ void cBridge::updatePulse() {
 void cBridge::onLoaded() {
     ENGINE_MARK;
     m_passed = true;
-    showClock(false);
+    m_clock.stop();
     m_caravan->setOscillating(true);
-    if (m_mark == markSilver)
+    if (getMark(false) == markSilver)
         playGameSound("silver_fanfar");
-    else if (m_mark == markGold)
+    else if (getMark(false) == markGold)
         playGameSound("gold_fanfar");
     startCaravan(true);
 }
@@ -400,7 +355,7 @@ void cBridge::startCaravan(Bool pulse) {
     const Vector2 gate = cControl::getPosition();
     m_caravan->setOff(gate + m_way.getWay() - m_caravan->getPosition(), m_speed);
     m_effects_done = 0;
-    m_effects_left = m_mark == markSilver ? 1 : m_mark == markGold ? 3 : 0;
+    m_effects_left = getMark(false) == markSilver ? 1 : getMark(false) == markGold ? 3 : 0;
     m_moving = true;
     enableBridge();
     if (const cState* look = findState("caravan_leaves"))
@@ -423,81 +378,6 @@ void cBridge::onCaravanLeft() {
     m_caravan->setStatePicture(eButtonState::normal);
     m_caravan->hide();  // it has left the map, which may end before the screen does
     hoverBridge(eButtonState::normal);
-}
-
-// Its flag -----------------------------------------------------------------------------------------------------------
-
-void cBridge::setupFlags() {
-    const Float silver_end = m_gold_time + m_silver_time;
-    m_mark = m_elapsed < m_gold_time ? markGold : m_elapsed < silver_end ? markSilver : markBlue;
-    m_flag_in_transit = m_mark == markBlue || m_passed;
-    showFlag(m_mark);
-    showClock(!m_flag_in_transit);
-    if (m_mark == markGold)
-        showCountdown(m_gold_time, m_gold_time - m_elapsed);
-    else
-        showCountdown(m_silver_time, silver_end - m_elapsed);
-}
-
-void cBridge::updateFlags() {
-    const Float silver_end = m_gold_time + m_silver_time;
-    if (m_elapsed < m_gold_time) {
-        showCountdown(m_gold_time, m_gold_time - m_elapsed);
-    } else if (m_elapsed >= silver_end) {
-        m_mark = markBlue;
-        m_flag_in_transit = true;
-        sendFlagMan(cEnemyBringsFlag::bringsBlue, true, false);
-    } else if (m_mark == markGold) {
-        m_mark = markSilver;
-        m_flag->setText(getFlagId(markSilver));
-        m_flag_in_transit = true;
-        sendFlagMan(cEnemyBringsFlag::bringsSilver, true, false);
-    } else {
-        showCountdown(m_silver_time, silver_end - m_elapsed);
-    }
-}
-
-void cBridge::onSilverFlagBrought() {
-    playGameSound("gold_missed");
-    showFlag(markSilver);
-    showClock(!m_passed);
-    m_flag_in_transit = false;
-    sendFlagMan(cEnemyBringsFlag::takesGold, false, false);
-}
-
-void cBridge::onBlueFlagBrought() {
-    playGameSound("silver_missed");
-    showClock(false);
-    showFlag(markBlue);
-    sendFlagMan(cEnemyBringsFlag::bringsSilver, false, true);
-}
-
-void cBridge::showFlag(Int mark) {
-    const char* id = getFlagId(mark);
-    m_flag->setText(id);
-    if (const cState* look = findState(id))
-        m_flag->setLook(*look);
-    m_flag->show();
-}
-
-void cBridge::showCountdown(Float range, Float left) {
-    m_time_progress->setProgressMaxValue(range);
-    m_time_progress->setProgressCurrentValue(left);
-    m_time_progress->progressChanged();
-    m_clock->setText(getTime(static_cast<Int>(left)));
-}
-
-void cBridge::showClock(Bool show) {
-    for (cControl* part : std::initializer_list<cControl*>{m_time_progress, m_clock})
-        show ? part->show() : part->hide();
-}
-
-/// @param comes  from the edge of the map to the flag, or back
-void cBridge::sendFlagMan(Int kind, Bool comes, Bool vanish) {
-    const Vector2& from = comes ? m_flag_entry : m_flag_place;
-    const Vector2& to = comes ? m_flag_place : m_flag_entry;
-    m_flag_man->show();
-    m_flag_man->setTask(std::make_unique<cEnemyBringsFlag>(this, m_flag_man, kind, from, to, vanish));
 }
 
 WString cBridge::getTime(Int seconds) {

@@ -1,39 +1,29 @@
 #pragma once
 
-#include "Game/GameLogic/Mark.h"
+#include "Game/GameLogic/buildings/BridgeClock.h"
 #include "Game/GameLogic/buildings/BridgeWay.h"
 #include "Game/GameLogic/buildings/UpgradableBuilding.h"
 
-namespace Engine {
-class cTextLine;
-}
-class cBridgeFlag;
 class cCaravan;
-class cEnemyMan;
-class cProgressFloatExt;
 
 /// The way out of a level: repaired, then loaded with a caravan, which rolls off over it. Then the level is won, and a
 /// click leads on to the next one.
 ///
-/// Its clock runs from the level's beginning until the caravan is loaded. By it the flag at the bridge goes from gold
-/// to silver to blue: a man of the enemy's carries the worse one in from the edge of the map and takes the better one
-/// away; while he is on his way the flag is not looked after.
+/// Its clock (cBridgeClock) runs from the level's beginning until the caravan is loaded, and decides on the flag.
 ///
 /// Its level is 0 while it is broken, 1 while the caravan waits to be loaded, 2 when that is done. Row 0 of its table
 /// is the repair, row 1 the load.
 class cBridge : public cUpgradableBuilding {
 public:
     explicit cBridge(Engine::cView* parent);
-    ~cBridge() override;
 
     /// The keys of cUpgradableBuilding, then "speed" (of the caravan, units a second), "caravan_angle" (degrees),
     /// "screen_margin" (how far the bridge runs beyond the map, units), "cargo_tip_offset", "cargo_levels_amount" (of
-    /// pictures of its goods), "flag_entry" (where a flag is carried in, units from the far end of the bridge) and the
-    /// child tags "Caravan" (cCaravan), "Goods" (cPicture), "Flag" (cBridgeFlag), "TimeProgress" (cProgressFloatExt),
-    /// "Clock", "DbgClock" (cTextLine each) and those of cBridgeWay.
+    /// pictures of its goods), the child tags "Caravan" (cCaravan) and "Goods" (cPicture), and those of cBridgeClock
+    /// and cBridgeWay.
     void loadXML(const Engine::iXML* xml) override;
-    /// The keys of cUpgradableBuilding, then "BridgeNumber", "NextLevel", "Angle" (degrees), "GoldTime", "SilverTime"
-    /// (seconds) and the child tag "Upgrades".
+    /// The keys of cUpgradableBuilding, then "BridgeNumber", "NextLevel", "Angle" (degrees), those of cBridgeClock and
+    /// the child tag "Upgrades".
     void loadXmlState(const Engine::iXML* xml) override;
     void saveBinState(Engine::iArch& arch) override;
     void loadBinState(Engine::iArch& arch) override;
@@ -58,9 +48,9 @@ public:
     void setBridgeNumber(Int number) { m_bridge_number = number; }
     Int getNextLevel() const { return m_next_level; }  ///< -1 after the last level
     Bool isPassed() const { return m_passed; }
-    Float getElapsed() const { return m_elapsed; }
+    Float getElapsed() const { return m_clock.getElapsed(); }
     /// The flag held now, an eMark; with only_if_passed none before the caravan is loaded.
-    Int getMark(Bool only_if_passed) const { return only_if_passed && !m_passed ? Int{markNone} : m_mark; }
+    Int getMark(Bool only_if_passed) const { return only_if_passed && !m_passed ? Int{markNone} : m_clock.getMark(); }
     /// Has it plans to wait for that a shop of the level offers, or the one that the last crossing takes?
     Bool hasMandatoryUpgrades() const;
     /// Wins the level and leaves it for the next one.
@@ -70,8 +60,8 @@ public:
     void hoverBridge(Engine::eButtonState state) { m_way.hover(state); }
     const cCaravan& getCaravan() const { return *m_caravan; }
 
-    void onSilverFlagBrought();
-    void onBlueFlagBrought();
+    void onSilverFlagBrought() { m_clock.onSilverFlagBrought(); }
+    void onBlueFlagBrought() { m_clock.onBlueFlagBrought(); }
     /// Minutes and seconds, "04:05"; an hour shows as "00:00" again, and so does less than nothing.
     static WString getTime(Int seconds);
 
@@ -101,22 +91,10 @@ private:
     void updateGoodsVisualState();
     void updatePulse();
 
-    void setupFlags();
-    void updateFlags();
-    void showFlag(Int mark);
-    void showCountdown(Float range, Float left);
-    void showClock(Bool show);
-    void sendFlagMan(Int kind, Bool comes, Bool vanish);
-
     Int m_bridge_number = 0;
     Int m_next_level = -1;
-    Float m_angle = 0.0f;        ///< of the way out, radians
-    Float m_gold_time = 0.0f;    ///< seconds in which the gold flag holds
-    Float m_silver_time = 0.0f;  ///< further seconds in which the silver flag holds
-    Float m_elapsed = 0.0f;      ///< seconds since the level began
-    Bool m_passed = false;       ///< the caravan is loaded
-    Int m_mark = markNone;
-    Bool m_flag_in_transit = false;
+    Float m_angle = 0.0f;         ///< of the way out, radians
+    Bool m_passed = false;        ///< the caravan is loaded
     Bool m_closing = false;       ///< the caravan gets ready
     Float m_closing_time = 0.0f;  ///< seconds left of that
     Bool m_moving = false;        ///< the caravan rolls off
@@ -127,17 +105,10 @@ private:
     Float m_screen_margin = 0.0f;  ///< units
     Vector2 m_cargo_tip_offset{0.0f, 0.0f};
     Int m_cargo_levels_amount = 0;
-    Vector2 m_flag_entry_offset{0.0f, 0.0f};
-    Vector2 m_flag_entry{0.0f, 0.0f};  ///< on the map
-    Vector2 m_flag_place{0.0f, 0.0f};  ///< on the map
 
     cBridgeWay m_way;
     // Children of this view
     cCaravan* m_caravan;
     Engine::cPicture* m_goods;
-    cBridgeFlag* m_flag;
-    cProgressFloatExt* m_time_progress;
-    Engine::cTextLine* m_clock;
-    Engine::cTextLine* m_debug_clock;
-    cEnemyMan* m_flag_man;  ///< beside this view; it ends with it
+    cBridgeClock m_clock;
 };

@@ -10,16 +10,12 @@
 #include "Engine/core/FileManager.h"
 #include "Engine/core/Keys.h"
 #include "Engine/core/Log.h"
-#include "Engine/core/Random.h"
 #include "Engine/graphics/Graphics.h"
-#include "Game/GameLogic/buildings/Bridge.h"
 #include "Game/GameUI/Strategic/StartPointInfo.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
-#include "Game/GameUI/Tactic/Utils.h"
 #include "Game/Ui/Game.h"
 #include "Game/Ui/GameMenu.h"
-#include "Game/Ui/LevelHead.h"
 #include "Game/Ui/Screen.h"
 #include "Game/Ui/TellPlayer.h"
 #include "Game/Ui/YesNoExt.h"
@@ -28,8 +24,6 @@ using namespace Engine;
 
 namespace {
 
-constexpr char definition_file[] = "GameUI/Strategic/StrategicMap.xml";
-
 cTacticMap& tactic() {
     return *cTacticMap::getInstance();
 }
@@ -37,27 +31,6 @@ cTacticMap& tactic() {
 Vector2 getScreen() {
     const cGraphics* graphics = cGraphics::getInstance();
     return {static_cast<Float>(graphics->getWidth()), static_cast<Float>(graphics->getHeight())};
-}
-
-/// How the level was left. Nothing is known of one that never was, or whose record is damaged: who enters it is told.
-sLevelHead readHead(Int level) {
-    sLevelHead head;
-    cGame* game = cGame::getInstance();
-    cLevelState* state = game ? game->getSavedLevel(level) : nullptr;
-    if (!state)
-        return head;
-    try {
-        head.serialize(*state->createReader());
-    } catch (...) {
-        noteInSaveLog(String("The map of levels, level " + std::to_string(level) + ": " + takeFailureLine()));
-        head = {};
-    }
-    return head;
-}
-
-Bool isSaved(Int level) {
-    const cGame* game = cGame::getInstance();
-    return game && game->getSavedLevel(level);
 }
 
 void setShown(cView& view, Bool show) {
@@ -74,7 +47,7 @@ cStrategicMap::cStrategicMap(cView* parent)
       m_flag_prototype(new cPicture(this)),
       m_number_prototype(new cTextLine(this)) {
     ENGINE_MARK;
-    loadView(*this, definition_file);
+    loadView(*this, getDefinitionFile());
     m_main_menu->setOnClick(onMainMenu);
     cGame::openLevel(0);  // also for a player who left before he saw this map
     updateView();
@@ -89,123 +62,12 @@ cStrategicMap::cStrategicMap(cView* parent)
         onEndComics();
 }
 
-// Loading ------------------------------------------------------------------------------------------------------------
-
-void cStrategicMap::loadXML(const iXML* xml) {
-    ENGINE_MARK;
-    cBack::loadXML(xml);
-    readKey(*xml, u"fog_scale_factor", m_fog_scale_factor);
-    readKey(*xml, u"tut_levels_number", m_tut_levels_number);
-    readKey(*xml, u"first_number", m_first_number);
-    loadChild(*m_main_menu, xml, "MainMenuButton");
-    loadChild(*m_caption_picture, xml, "MapCaptionPic");
-    loadChild(*m_caption_text, xml, "MapCaptionText");
-    loadChild(*m_flag_prototype, xml, "FlagPrototype");
-    loadChild(*m_number_prototype, xml, "NumberPrototype");
-    m_flag_prototype->hide();
-    m_number_prototype->hide();
-    for (const auto& [name, state] :
-         {std::pair("stateAvail", &m_state_avail), std::pair("stateUnavail", &m_state_unavail)}) {
-        loadChild(*state, xml, "NodeButton");
-        loadChild(*state, xml, name);
-    }
-    for (const auto& [name, state] : {std::pair("GoldenFlag", &m_golden_flag), std::pair("SilverFlag", &m_silver_flag),
-                                      std::pair("BlueFlag", &m_blue_flag)}) {
-        *state = *m_flag_prototype;
-        loadChild(*state, xml, name);
-    }
-    loadFogPrototypes(*xml);
-    loadNodes(*xml);
-    saveOriginalSizes();
-}
-
-void cStrategicMap::loadFogPrototypes(const iXML& xml) {
-    iXML* list = nullptr;
-    if (!xml.get("FogPrototypes", list))
-        throw String("Error load fog protype");
-    for (UInt i = 0; i < list->getTagCount(); ++i) {
-        iXML* tag = nullptr;
-        list->get(i, tag);
-        auto* fog = new cPicture(this);
-        fog->loadXML(tag);
-        fog->hide();
-        m_fog_prototypes.push_back(fog);
-    }
-}
-
-void cStrategicMap::loadNodes(const iXML& xml) {
-    iXML* list = nullptr;
-    if (!xml.get("LevelNodes", list))
-        return;
-    for (UInt i = 0; i < list->getTagCount(); ++i) {
-        iXML* settings = nullptr;
-        list->get(i, settings);
-        m_nodes.push_back(makeNode(xml, *settings, static_cast<Int>(i)));
-        loadSavedLevel(*m_nodes.back(), *settings);
-    }
-}
-
-cStrategicMap::NODE* cStrategicMap::makeNode(const iXML& map, const iXML& settings, Int level) {
-    auto* node = new NODE(this);
-    loadChild(*node, &map, "NodeButton");
-    node->loadLevelSettings(settings);
-    node->setLevel(level);
-    node->setOnClick(onStartLevel);
-    node->setLooks(m_state_avail, m_state_unavail);
-    if (!m_fog_prototypes.empty()) {
-        const auto count = static_cast<Float>(m_fog_prototypes.size());
-        const auto place = static_cast<std::size_t>(count * static_cast<Float>(Engine::random().next()) * 3.05176e-5f);
-        node->setFog(*m_fog_prototypes[std::min(place, m_fog_prototypes.size() - 1)]);
-    }
-    WString number(u" ");
-    number.append(formatText(level + 1));
-    node->addToTipCaption(number);
-    node->createNumber(*m_number_prototype, level + m_first_number);
-    node->disable();
-    node->show();
-    return node;
-}
-
-/// The flags of the record, and better ones that the player has won before.
-void cStrategicMap::loadSavedLevel(NODE& node, const iXML& settings) {
-    const Int level = node.getLevel();
-    const sLevelHead head = readHead(level);
-    for (std::size_t i = 0; i < head.marks.size(); ++i)
-        addFlag(node, settings, static_cast<Int>(i), head.marks[i]);
-    for (Int bridge = 0; bridge < cGame::kept_flag_count; ++bridge) {
-        if (const Int mark = cGame::getKeptFlag(level, bridge); mark != markNone)
-            addFlag(node, settings, bridge, mark);
-    }
-    if (!isSaved(level))
-        return;
-    cGame::openLevel(level);
-    node.setPrevLevel(head.previous_level);
-}
-
-void cStrategicMap::addFlag(NODE& node, const iXML& settings, Int bridge, Int mark) {
-    Vector2 position = node.getPosition();
-    WString key(u"flag");
-    key.append(formatText(bridge));
-    readKey(settings, key.c_str(), position);
-    node.addFlag(bridge, position, mark, *m_flag_prototype);
-    cGame::keepFlag(node.getLevel(), bridge, mark);
-}
-
-void cStrategicMap::saveOriginalSizes() {
-    for (cControl* piece : getBackground())
-        m_roll.addPicture(*piece);
-    for (const NODE* node : m_nodes) {
-        if (node->getFog())
-            m_roll.addFog(*node->getFog());
-    }
-}
+// What the player has come to ----------------------------------------------------------------------------------------
 
 cStrategicMap::NODE* cStrategicMap::findNode(Int level) const {
     const Bool exists = level >= 0 && level < static_cast<Int>(m_nodes.size());
     return exists ? m_nodes[static_cast<std::size_t>(level)] : nullptr;
 }
-
-// What the player has come to ----------------------------------------------------------------------------------------
 
 Bool cStrategicMap::isTheFirstLaunch() {
     const cGame* game = cGame::getInstance();
@@ -236,23 +98,6 @@ cState cStrategicMap::getFlagState(Int mark) const {
         default:
             return {};
     }
-}
-
-void cStrategicMap::updateLevelFlags(Int level) {
-    ENGINE_MARK;
-    NODE* node = findNode(level);
-    if (!node)
-        return;
-    iXML* xml = cResourceManager::getInstance()->getXML(definition_file);
-    const cResourceRef holder = cResourceRef::adopt(xml);
-    iXML* list = nullptr;
-    iXML* settings = nullptr;
-    if (!xml->get("LevelNodes", list))
-        return;
-    list->get(static_cast<UInt>(level), settings);
-    Int index = 0;
-    for (const cBridge* bridge : cUtils::getLevelBridges())
-        addFlag(*node, *settings, index++, bridge->getMark(true));
 }
 
 void cStrategicMap::setPreviousLevel(Int current_level, Int prev_level) {
@@ -287,7 +132,7 @@ void cStrategicMap::onStartLevel(cView* node) {
     const auto* info = static_cast<const cStartPointInfo*>(static_cast<NODE*>(node));
     const Int level = info->getLevel();
     cGame::getProgress().setHintDone(choose_a_level);
-    if (isSaved(level) && getWorth(info->getMark()) < getWorth(markGold) && readHead(level).completed)
+    if (getWorth(info->getMark()) < getWorth(markGold) && cGame::readLevelHead(level).completed)
         return getInstance()->ask("replay", level, onReplayConfirmed, onReplayDeclided);
     getInstance()->enterLevel(level, false);
 }

@@ -81,6 +81,7 @@ private:
     static void onBeginAnewDeclided(Engine::cView* _yesno);
     static void onMainMenu(Engine::cView* button);
 
+    static const char* getDefinitionFile() { return "GameUI/Strategic/StrategicMap.xml"; }
     void loadFogPrototypes(const Engine::iXML& xml);
     void loadNodes(const Engine::iXML& xml);
     NODE* makeNode(const Engine::iXML& map, const Engine::iXML& settings, Int level);
