@@ -45,8 +45,9 @@ SOUNDS = {  # name: what sounds/make_sounds.py makes under it
     "effects": ["hover", "click", "check", "slide", "type", "dialog", "denied", "bee"],
     "work": ["building_upgrade", "build_road", "mining_food", "mining_wood", "mining_stone", "mining_iron", "new_resource", "warehouse_full",
              "market_action", "steal_item", "next_level", "destroy", "friend_falls", "caravan_coming", "caravan_load", "silver_fanfar",
-             "gold_fanfar", "gold_missed", "silver_missed"],
-    "music": ["menu", "game"],
+             "gold_fanfar", "gold_missed", "silver_missed", "enemy_run", "destroy_road", "enemy_pray", "take_idol", "shot",
+             "charged"],
+    "music": ["menu", "game", "islands", "meadow", "harbour", "dusk"],
 }
 
 DRAWN = {  # name: the module that draws its pictures without Blender

@@ -10,10 +10,11 @@ import random
 import sys
 
 import numpy
-from PIL import Image, ImageDraw
+from PIL import Image, ImageChops, ImageDraw
 
 import palette
 import picture
+import widgets as wood
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "levels"))
 from land import _cliff, colour, noise, over, step  # noqa: E402
@@ -187,7 +188,30 @@ def _flag(top, bottom):
     return picture.shrink(picture.fill(out, knob, "gold"), k)
 
 
+# Nodes -----------------------------------------------------------------------------------------------------------------
+
+NODE = 64
+
+
+def _node():
+    """A round of wood with a golden rim; the program writes the level's number on it."""
+    k = wood.SCALE
+    out = wood.knob("node", NODE)
+    full, middle = out.size, (out.width / 2, out.height / 2)
+    outer, inner = ((NODE / 2 - wood.MARGIN - off) * k for off in (2.5, 7))
+    ring = ImageChops.subtract(wood._disc(full, middle, outer), wood._disc(full, middle, inner))
+    ring = picture.blurred(ring, 0.8)
+    flat = numpy.broadcast_to(numpy.array(palette.rgb("gold"), dtype=numpy.float64), (*full[::-1], 3))
+    out = Image.alpha_composite(out, wood._image(wood.raised(flat, ring, 2.4, 1.4), ring))
+    face = picture.blurred(wood._disc(full, middle, inner), 0.8)
+    out = picture.fill(out, face, "walnut", 0.55)
+    shade = ImageChops.multiply(face, ImageChops.invert(picture.shifted(picture.blurred(face, 3 * k), 2 * k, 3 * k)))
+    return picture.fill(out, shade, "ink", 0.75)
+
+
 def draw():
     picture.save(_back(), "GameUI/Strategic/back.jpg")
     for name, top, bottom in (("gold", "gold", "wheat_dark"), ("silver", "cream", "slate"), ("blue", "zenith", "cobalt")):
         picture.save(_flag(top, bottom), f"GameUI/Strategic/flag_{name}.png")
+    looks = [picture.shrink(look, wood.SCALE) for look in wood.looks_of(_node())]
+    picture.save(picture.row_of(looks, 4), "GameUI/Strategic/node.png")

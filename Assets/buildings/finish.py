@@ -4,9 +4,11 @@ import os
 import numpy
 from PIL import Image, ImageChops, ImageFilter
 
+import life
 import looks
 import palette
 import picture
+import signs
 
 
 PLOTS = ("FoodMill", "Warehouse", "WoodMill", "StoneMill", "IronMill")  # roped off at level 0
@@ -15,7 +17,7 @@ PLOTS = ("FoodMill", "Warehouse", "WoodMill", "StoneMill", "IronMill")  # roped 
 def pictures(renders, name):
     """Writes Data/Buildings/FILE.png and, with trodden ground, FILE_base.png for every state; FILE_turning.png of what moves.
 
-    What moves has its first frame alone as FILE.png, for the hit mask.
+    What moves has a picture of it at rest as FILE.png, for the hit mask.
     """
     look = looks.LOOKS[name]
     for state in look.states:
@@ -25,8 +27,7 @@ def pictures(renders, name):
             picture.save(frames[0], f"Buildings/{file}.png")
             picture.save(picture.row_of(frames, 4), f"Buildings/{file}{looks.TURNING}.png")
         else:
-            image = shrunk(f"{renders}/{file}.png", look.size)
-            picture.save(image, f"Buildings/{file}.png")
+            still(shrunk(f"{renders}/{file}.png", look.size), name, file)
         if look.trodden:
             picture.save(base(f"{renders}/{file}_shadow.png", look, file), f"Buildings/{file}_base.png")
     if name in PLOTS:
@@ -46,6 +47,16 @@ def masks(name):
         mask = Image.new("RGBA", plot.size, (*palette.rgb("ink"), 0))
         mask.putalpha(ImageChops.lighter(plot, opened(state).getchannel("A").point(lambda a: 255 * (a > 40))))
         picture.save(mask, f"Buildings/{looks.file_name(name, state)}_mask.png")
+
+
+def still(image, name, file):
+    """What stands: with a sign on it where it is a plot, and again in motion where a flag or a fire is on it."""
+    if name in PLOTS and file.endswith("_0"):
+        image = signs.put_up(image, name, looks.LOOKS[name].foot)
+    picture.save(image, f"Buildings/{file}.png")
+    frames = life.frames(file, image)
+    if frames:
+        picture.save(picture.row_of(frames, 4), f"Buildings/{file}{looks.TURNING}.png")
 
 
 def filled(image):

@@ -25,7 +25,7 @@ LOOKS = {
     "Warehouse": look((136, 136), (68, 90), levels(3), (54, 34)),
     "WoodMill": look((136, 128), (68, 84), levels(3), (54, 34), 8, levels(3, 2)),
     "StoneMill": look((136, 136), (68, 92), levels(3), (54, 34)),
-    "IronMill": look((136, 136), (68, 92), levels(3), (54, 34)),
+    "IronMill": look((136, 160), (68, 116), levels(3), (54, 34)),
     "Bridge": look((112, 128), (56, 84), levels(2), (44, 34)),
     "StartPoint": look((128, 144), (64, 100), ("normal_state",), (52, 34)),
     "Bunker": look((140, 140), (70, 92), ("init_state",), (58, 38), soil="log"),

@@ -163,7 +163,7 @@ def _glints(frame, size, seed):
     r = numpy.random.default_rng(seed)
     y, x = numpy.mgrid[0:size, 0:size].astype(numpy.float64)
     out = numpy.zeros((size, size))
-    for _ in range(46):
+    for _ in range(54):
         cx, cy, born, long = r.uniform(0, size), r.uniform(0, size), r.uniform(0, FRAMES), r.uniform(3, 7)
         age = ((frame - born) % FRAMES) / FRAMES
         strength = math.sin(math.pi * age) ** 3
@@ -200,22 +200,28 @@ def nearshore_water(size=200):
 
 
 def cloud(size, seed):
-    """A heap of soft puffs seen from above, lit from the upper left."""
+    """A heap of soft billows seen from above, each lit from the upper left, the farthest first."""
     w, h = size
     r = random.Random(seed)
     y, x = numpy.mgrid[0:h, 0:w].astype(numpy.float64)
-    lumps = noise((h, w), 26, seed) * 0.6 + noise((h, w), 11, seed + 1) * 0.4
-    density = numpy.zeros((h, w))
-    for _ in range(16):
-        along = r.gauss(0, 0.18)
-        cx, cy = w * (0.5 + along), h * (0.5 + r.gauss(0, 0.09))
-        radius = h * r.uniform(0.12, 0.24) * (1 - abs(along))
-        density += numpy.exp(-((x - cx) ** 2 + ((y - cy) * 1.25) ** 2) / radius**2)
-    density = density * (0.45 + 1.0 * lumps)
-    edge = numpy.minimum(numpy.minimum(x, w - x) / (0.12 * w), numpy.minimum(y, h - y) / (0.16 * h))
-    alpha = step(0.10, 0.85, density) * numpy.clip(edge, 0, 1)
-    light = numpy.roll(numpy.roll(density, 7, axis=0), 9, axis=1)
-    shade = step(-0.2, 0.9, light - density + 0.25)[..., None]
-    rgb = colour("cloud") * 1.02 + (colour("cloud_shade") * 1.08 - colour("cloud") * 1.02) * shade * 0.55
-    out = numpy.concatenate([rgb, 255 * alpha[..., None]], axis=2)
+    balls = []
+    for _ in range(54):
+        along = r.triangular(-1, 1, 0)
+        room = math.sqrt(max(1 - along * along, 0.04))
+        radius = h * (0.10 + 0.13 * room) * r.uniform(0.75, 1.15)
+        cx = w / 2 + max(min(along, 1), -1) * (w / 2 - radius * 1.35)
+        cy = h / 2 + r.gauss(0, 0.30) * room * (h / 2 - radius)
+        balls.append((cy, cx, radius))
+    rgb, alpha = numpy.zeros((h, w, 3)), numpy.zeros((h, w))
+    light, dark = colour("cloud") * 1.03, colour("cloud_shade") * 0.66 + colour("shade_light") * 0.34
+    for cy, cx, radius in sorted(balls):
+        dx, dy = (x - cx) / radius, (y - cy) / radius
+        far = numpy.hypot(dx, dy)
+        lit = numpy.clip(0.70 - 0.55 * (dx * 0.55 + dy * 0.85), 0, 1)[..., None]
+        cover = numpy.clip((1 - far) / 0.42, 0, 1) ** 1.3 * 0.86
+        keep = 1 - cover[..., None]
+        rgb = rgb * keep + (dark + (light - dark) * lit) * cover[..., None]  # times its cover
+        alpha = alpha + cover - alpha * cover
+    edge = numpy.clip(numpy.minimum(numpy.minimum(x, w - 1 - x), numpy.minimum(y, h - 1 - y)) / 8, 0, 1)
+    out = numpy.concatenate([rgb / numpy.maximum(alpha, 1e-6)[..., None], 255 * (alpha * edge)[..., None]], axis=2)
     return Image.fromarray(numpy.rint(out).clip(0, 255).astype(numpy.uint8), "RGBA")

@@ -319,13 +319,145 @@ def pray(t):
     return pose
 
 
+def wade(t):
+    """Walks over bare ground: knees high, arms out for balance."""
+    a = 2 * math.pi * t
+    pose = walk(t)
+    pose["spine"] = (9, -3 * math.sin(a), -4 * math.sin(a))
+    pose["lift"] -= 0.02
+    for side, phase, out in (("left", a, -1), ("right", a + math.pi, 1)):
+        lifted = max(0.0, -math.cos(phase))
+        x, y, z = pose[f"thigh_{side}"]
+        pose[f"thigh_{side}"] = (x - 30 * lifted, 6 * out, z)
+        x, y, z = pose[f"shin_{side}"]
+        pose[f"shin_{side}"] = (x + 22 * lifted, y, z)
+        pose[f"arm_{side}"] = (-18 - 14 * math.sin(phase), 34 * out, 0)
+        pose[f"forearm_{side}"] = (-22, 26 * out, 0)
+    return pose
+
+
+def pick(t):
+    """Both hands swing a pick from above his head into the ground before him."""
+    up = smooth(t / 0.5) * (1 - smooth((t - 0.54) / 0.14))
+    hit = math.exp(-((t - 0.72) / 0.09) ** 2)
+    pose = standing(0.0)
+    pose["hips"] = (16 - 16 * up + 4 * hit, 0, 0)
+    pose["spine"] = (16 - 24 * up + 8 * hit, 0, 0)
+    pose["chest"] = (12 - 18 * up + 6 * hit, 0, 0)
+    pose["head"] = (-10 + 16 * up, 0, 0)
+    both(pose, "arm", -54 - 96 * up + 4 * hit, -10)
+    both(pose, "forearm", -12 - 46 * up, -12)
+    both(pose, "hand", 10 - 20 * up, 0)
+    pose["thigh_left"], pose["shin_left"] = (-26, -8, 0), (24, 0, 0)
+    pose["thigh_right"], pose["shin_right"] = (8, 8, 0), (16, 0, 0)
+    pose["lift"] = -0.05 - 0.03 * hit
+    return pose
+
+
+# What only the enemy does
+
+def sneak(t):
+    """Bent low, on his toes, hands before him, looking about."""
+    a = 2 * math.pi * t
+    pose = walk(t)
+    pose["lift"] = -0.10 + 0.02 * math.cos(2 * a)
+    pose["hips"] = (16, 2 * math.sin(a), 5 * math.sin(a))
+    pose["spine"] = (20, 0, -5 * math.sin(a))
+    pose["chest"] = (14, 0, -4 * math.sin(a))
+    pose["head"] = (-38, 0, 22 * math.sin(a))
+    for side, phase, out in (("left", a, -1), ("right", a + math.pi, 1)):
+        x, y, z = pose[f"thigh_{side}"]
+        pose[f"thigh_{side}"] = (x - 34, 7 * out, z)
+        x, y, z = pose[f"shin_{side}"]
+        pose[f"shin_{side}"] = (x + 28, y, z)
+        pose[f"arm_{side}"] = (-58 + 10 * math.sin(phase), 12 * out, 0)
+        pose[f"forearm_{side}"] = (-62, 0, 0)
+        pose[f"hand_{side}"] = (50, 0, 0)
+    return pose
+
+
+def haul(t):
+    """A sack over his shoulder, leaning into it."""
+    a = 2 * math.pi * t
+    pose = walk(t)
+    pose["spine"] = (18, -2 * math.sin(a), -4 * math.sin(a))
+    pose["chest"] = (12, 0, -4 * math.sin(a))
+    pose["head"] = (-22, 0, 6 * math.sin(a))
+    pose["arm_right"] = (-96, 18, 0)
+    pose["forearm_right"] = (-112, 12, 0)
+    pose["arm_left"] = (-40, -14, 0)
+    pose["forearm_left"] = (-74, -8, 0)
+    return pose
+
+
+def cradle(t):
+    """Carries a bomb before him in both hands, as far away as they reach."""
+    a = 2 * math.pi * t
+    pose = walk(t)
+    pose["spine"] = (-6, -2 * math.sin(a), -3 * math.sin(a))
+    pose["chest"] = (-6, 0, -3 * math.sin(a))
+    pose["head"] = (4 + 2 * math.cos(2 * a), 0, 3 * math.sin(a))
+    both(pose, "arm", -48 + 2 * math.cos(2 * a), 4)
+    both(pose, "forearm", -38, 0)
+    return pose
+
+
+def plant(t):
+    """Goes down on a knee, sets the bomb down, and is up again."""
+    down = smooth(t / 0.3) * smooth((1 - t) / 0.24)
+    pose = standing(0.0)
+    pose["lift"] = -0.30 * down
+    pose["hips"] = (14 * down, 0, 0)
+    pose["spine"] = (26 * down, 0, 0)
+    pose["chest"] = (16 * down, 0, 0)
+    pose["head"] = (-18 * down, 0, 16 * math.sin(2 * math.pi * t) * down)
+    both(pose, "arm", -48 - 4 * down, 4)
+    both(pose, "forearm", -38 + 24 * down, 0)
+    pose["thigh_left"], pose["shin_left"] = (-82 * down, -6, 0), (88 * down, 0, 0)
+    pose["thigh_right"], pose["shin_right"] = (-6 * down, 6, 0), (92 * down, 0, 0)
+    pose["foot_right"] = (26 * down, 0, 0)
+    return pose
+
+
+def bow(t):
+    """Walks with his arms high and bows at every step: what he follows is holy."""
+    a = 2 * math.pi * t
+    pose = walk(t)
+    dip = 0.5 - 0.5 * math.cos(2 * a)
+    pose["spine"] = (4 + 14 * dip, 0, 0)
+    pose["chest"] = (2 + 10 * dip, 0, 0)
+    pose["head"] = (4 + 12 * dip, 0, 0)
+    both(pose, "arm", -152 + 22 * dip, 12)
+    both(pose, "forearm", -10, 0)
+    return pose
+
+
+def run_flag(t):
+    """Runs, a flagstaff held up in his right hand."""
+    a = 2 * math.pi * t
+    pose = walk(t)
+    pose["spine"] = (12, -2 * math.sin(a), -6 * math.sin(a))
+    pose["chest"] = (2, 4, -4 * math.sin(a))
+    pose["head"] = (-10, 0, 4 * math.sin(a))
+    pose["shoulder_right"] = (0, 16, 0)
+    pose["arm_right"] = (-30 + 3 * math.cos(2 * a), 96, 0)
+    pose["forearm_right"] = (-10, 46, 0)
+    for side, phase in (("left", a), ("right", a + math.pi)):
+        x, y, z = pose[f"thigh_{side}"]
+        pose[f"thigh_{side}"] = (1.25 * x, y, z)
+        x, y, z = pose[f"shin_{side}"]
+        pose[f"shin_{side}"] = (x + 18 * max(0.0, -math.cos(phase)), y, z)
+    return pose
+
+
 def smooth(t):
     t = min(max(t, 0.0), 1.0)
     return t * t * (3 - 2 * t)
 
 
 ACTIONS = {"idle": (idle, 6.0), "wave": (wave, 2.6), "walk": (walk, 0.9), "carry": (carry, 0.9), "fall": (fall, 2.0), "hammer": (hammer, 0.9),
-           "shovel": (shovel, 1.4), "pray": (pray, 1.6)}  # seconds
+           "shovel": (shovel, 1.4), "pray": (pray, 1.6), "wade": (wade, 0.9), "pick": (pick, 1.1), "sneak": (sneak, 0.9), "haul": (haul, 0.9),
+           "cradle": (cradle, 0.9), "plant": (plant, 1.4), "bow": (bow, 0.9), "flag": (run_flag, 0.7)}  # seconds
 
 
 # What he holds: meshes of their own that follow his bones, so that they move as he does --------------------------------
@@ -389,7 +521,42 @@ def add_spade(f):
     box(f, (-0.30, -0.74, 0.03), (0.24, 0.34, 0.04), "iron", hand, 0.75)
 
 
-TOOLS = {"sack": add_sack, "log": add_log, "block": add_block, "ingots": add_ingots, "chest": add_chest, "hammer": add_hammer, "spade": add_spade}
+def add_pick(f):
+    """A pick; its head stands across the handle, its points bent down."""
+    hand = "hand_right"
+    box(f, (-0.30, -0.26, 0.525), (0.05, 0.80, 0.05), "plank_light", hand)
+    box(f, (-0.30, -0.60, 0.525), (0.09, 0.10, 0.16), "iron", hand)
+    for side in (-1, 1):
+        box(f, (-0.30, -0.58, 0.525 + side * 0.17), (0.07, 0.08, 0.24), "iron", hand, side * 0.22)
+        box(f, (-0.30, -0.52, 0.525 + side * 0.32), (0.05, 0.05, 0.14), "stone", hand, side * 0.5)
+
+
+def add_axe(f):
+    hand = "hand_right"
+    box(f, (-0.322, -0.22, 0.525), (0.05, 0.66, 0.05), "plank_light", hand)
+    box(f, (-0.322, -0.49, 0.44), (0.07, 0.16, 0.22), "iron", hand)
+    box(f, (-0.322, -0.49, 0.32), (0.04, 0.26, 0.06), "stone", hand)
+
+
+def add_bomb(f):
+    """Black and round between his two hands, its fuse alight."""
+    hand = "hand_right"
+    f.ball((0, -0.06, 0.34), (0.25, 0.25, 0.25), "iron", hand, 9, 6)
+    box(f, (0.0, -0.31, 0.36), (0.12, 0.08, 0.12), "stone", hand)
+    box(f, (0.0, -0.39, 0.34), (0.04, 0.12, 0.04), "rope", hand, 0.5)
+    f.ball((0.0, -0.47, 0.32), (0.10, 0.10, 0.10), "gold", hand, 6, 4)
+    f.ball((0.0, -0.50, 0.32), (0.05, 0.07, 0.05), "paint_red", hand, 5, 3)
+
+
+def add_loot(f):
+    """A sack on his back, its neck over the shoulder, with what is not his."""
+    f.ball((-0.06, 0.38, 1.06), (0.36, 0.28, 0.34), "canvas", "chest", 10, 6)
+    f.ball((-0.16, 0.14, 1.24), (0.09, 0.14, 0.08), "canvas", "chest", 7, 4, 0.6)
+    f.ball((-0.14, 0.20, 1.20), (0.11, 0.06, 0.10), "rope", "chest", 8, 4)
+
+
+TOOLS = {"sack": add_sack, "log": add_log, "block": add_block, "ingots": add_ingots, "chest": add_chest, "hammer": add_hammer, "spade": add_spade,
+         "pick": add_pick, "axe": add_axe, "bomb": add_bomb, "loot": add_loot}
 
 
 def save_shadow(path):

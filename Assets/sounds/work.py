@@ -193,13 +193,66 @@ def silver_missed():
     return placed(1.2, (0, 0.7 * bar(523.25)), (0.20, 0.7 * bar(415.3)), (0.44, 0.8 * bar(311.13, 0.34)))
 
 
+# The enemy, idols and catapults ---------------------------------------------------------------------------------------
+
+def enemy_run():
+    """Feet on hard ground, two of them, and something that jingles at a belt."""
+    def step(seed):
+        return struck(0.2, [(118, 1.0, 0.03), (210, 0.5, 0.02)]) + 0.9 * blow(0.2, 900, 0.012, seed)
+    steps = [(0.04 + 0.23 * i, (1.0 if i % 2 else 0.8) * step(121 + i)) for i in range(4)]
+    jingle = [(0.10 + 0.46 * i, 0.10 * coin(3100 + 240 * i)) for i in range(2)]
+    return looped(0.92, *steps, *jingle)
+
+
+def destroy_road():
+    """A crowbar between cobbles, and stones that roll aside."""
+    bar_in = struck(0.5, [(870, 0.5, 0.06), (1390, 0.35, 0.05), (2300, 0.15, 0.03)]) + 1.2 * blow(0.5, 2000, 0.008, 131)
+    scrape = band(0.4, 600, 3000, 132) * swell(0.4, 0.7)
+    stones = [(0.78 + 0.11 * i, (0.5 - 0.1 * i) * struck(0.2, [(640 - 60 * i, 0.7, 0.02), (1130, 0.4, 0.014)])) for i in range(4)]
+    return looped(1.42, (0.04, bar_in), (0.34, 0.9 * scrape), *stones)
+
+
+def enemy_pray():
+    """A low song on two notes, mouths half shut."""
+    def hum(frequency, length):
+        t = seconds(length)
+        waver = 1 + 0.006 * numpy.sin(2 * numpy.pi * 4.5 * t)
+        tone = sum(numpy.sin(2 * numpy.pi * frequency * k * t * waver) * loud for k, loud in ((1, 1.0), (2, 0.5), (3, 0.16), (4, 0.08)))
+        return tone * swell(length, 0.3)
+    voices = [(at, loud * hum(pitch, lasts)) for at, pitch, lasts, loud in
+              ((0.0, 110.0, 1.7, 1.0), (0.03, 164.81, 1.7, 0.5), (1.5, 98.0, 1.6, 0.9), (1.52, 146.83, 1.6, 0.45))]
+    return looped(3.16, *voices)
+
+
+def take_idol():
+    """Stone grinds on stone and comes off; a hollow tone stays."""
+    grind = band(0.9, 90, 900, 141) * (1 + 0.5 * numpy.sin(2 * numpy.pi * 13 * seconds(0.9))) * swell(0.9, 0.8)
+    hollow = struck(1.1, [(146.8, 1.0, 0.3), (220.0, 0.6, 0.25), (293.7, 0.35, 0.2), (466.2, 0.2, 0.12)])
+    return placed(2.0, (0, 1.1 * grind / numpy.abs(grind).max()), (0.86, hollow))
+
+
+def shot():
+    """The arm of the catapult strikes its beam; the stone is off."""
+    beam = struck(0.5, [(92, 1.0, 0.10), (171, 0.8, 0.06), (330, 0.4, 0.04), (705, 0.2, 0.02)]) + 1.3 * blow(0.5, 700, 0.02, 151)
+    rope = band(0.16, 300, 1600, 152) * swell(0.16, 0.8)
+    away = band(0.7, 400, 2200, 153) * swell(0.7, 0.2)
+    return placed(1.1, (0, 0.7 * rope), (0.12, beam), (0.16, 0.5 * away))
+
+
+def charged():
+    """A stone rolls into its bowl, and the ratchet holds."""
+    stone = struck(0.4, [(138, 1.0, 0.06), (255, 0.6, 0.04), (610, 0.2, 0.02)]) + 0.9 * blow(0.4, 800, 0.02, 161)
+    tooth = struck(0.1, [(1450, 0.7, 0.012), (2380, 0.5, 0.008)]) + 0.6 * blow(0.1, 2600, 0.003, 162)
+    return placed(0.9, (0, stone), (0.17, 0.5 * stone), *[(0.34 + 0.11 * i, 0.7 * tooth) for i in range(4)])
+
+
 WORK = {  # name in Data/Sounds: (maker, peak in dB below full scale, whether it goes round)
     "building_upgrade": (building_upgrade, -14, True),
     "build_road": (build_road, -16, True),
-    "mining_food": (mining_food, -18, True),
-    "mining_wood": (mining_wood, -18, True),
-    "mining_stone": (mining_stone, -16, True),
-    "mining_iron": (mining_iron, -18, True),
+    "mining_food": (mining_food, -17, True),
+    "mining_wood": (mining_wood, -15, True),
+    "mining_stone": (mining_stone, -10, True),
+    "mining_iron": (mining_iron, -16, True),
     "new_resource": (new_resource, -11, False),
     "warehouse_full": (warehouse_full, -9, False),
     "market_action": (market_action, -13, False),
@@ -213,6 +266,12 @@ WORK = {  # name in Data/Sounds: (maker, peak in dB below full scale, whether it
     "gold_fanfar": (gold_fanfar, -11, False),
     "gold_missed": (gold_missed, -12, False),
     "silver_missed": (silver_missed, -12, False),
+    "enemy_run": (enemy_run, -15, True),
+    "destroy_road": (destroy_road, -13, True),
+    "enemy_pray": (enemy_pray, -18, True),
+    "take_idol": (take_idol, -10, False),
+    "shot": (shot, -9, False),
+    "charged": (charged, -11, False),
 }
 
 

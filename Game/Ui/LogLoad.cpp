@@ -34,15 +34,7 @@ void cLogLoad::loadXML(const iXML* xml) {
     loadChild(*m_progress, xml, "Progress");
     m_progress->setProgressCurrentValue(0.0f);
     if (m_music_mode != sameMusic)
-        playMusic(xml);
-}
-
-void cLogLoad::playMusic(const iXML* xml) {
-    iXML* tag = nullptr;
-    if (xml->get(m_music_mode == mainMenuMusic ? "MainMenuMusic" : "GameMusic", tag))
-        Music::play(toNarrow((*tag)[u"Sound"]));
-    else
-        Music::stop();
+        Music::play(m_music_mode == mainMenuMusic ? Music::getMenuPiece(*xml) : Music::getMapPiece(*xml));
 }
 
 void cLogLoad::process() {

@@ -12,8 +12,8 @@ class cProgressFloat;
 /// The loading screen: fetches what a resource log lists, some entries a frame, then goes on and ends itself.
 ///
 /// Without the log it goes on at once. Every entry is left in the cache for the screens that come.
-/// UI file "Ui/Load.xml": the keys of cBack and the child tags "Progress" (cProgressFloat), "MainMenuMusic" and
-/// "GameMusic", each with the attribute "Sound".
+/// UI file "Ui/Load.xml": the keys of cBack and the child tags "Progress" (cProgressFloat), and the pieces of music
+/// (see Music).
 class cLogLoad : public Engine::cBack, public Engine::cSingleton<cLogLoad> {
 public:
     using fContinue = void (*)();
@@ -29,7 +29,6 @@ public:
     void process() override;
 
 private:
-    void playMusic(const Engine::iXML* xml);
     void finish();
 
     Engine::cProgressFloat* m_progress;  ///< a child of this view

@@ -12,15 +12,18 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <regex>
 #include <set>
 
 #include "Engine/core/FileManager.h"
+#include "Engine/core/RealFile.h"
 #include "Engine/core/XML.h"
 #include "Game/GameLogic/LevelObject.h"
 #include "Tests/Support/TempDirectory.h"
 #include "Tests/Support/UnitFiles.h"
+#include "Tools/datatool/AskedNames.h"
 #include "Tools/datatool/KnownKeys.h"
 
 namespace Engine {
@@ -32,6 +35,38 @@ struct sResult {
     String out;
     String err;
 };
+
+std::string readFile(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The texts of all sources of these folders, with their names.
+void forEachSource(std::initializer_list<const char*> folders,
+                   const std::function<void(const std::filesystem::path& path, const std::string& text)>& visit) {
+    for (const char* folder : folders) {
+        const std::filesystem::path root = std::filesystem::path(BRINDLE_SOURCE_DIR) / folder;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+            if (entry.is_regular_file() && (entry.path().extension() == ".cpp" || entry.path().extension() == ".h"))
+                visit(entry.path(), readFile(entry.path()));
+        }
+    }
+}
+
+/// What the game's own definitions are asked for, of every type.
+std::set<String> getAllAskedLooks() {
+    std::set<String> res;
+    for (Int type = 0; type <= objectDamagedRoad; ++type) {
+        const char* name = cLevelObject::getDefinitionFile(type);
+        if (!name)
+            continue;
+        cRealFile file(String(BRINDLE_SOURCE_DIR "/Data/") + name, cRealFile::access_read,
+                       cRealFile::eCreating::open_existing);
+        for (const String& look : ::Datatool::getAskedLooks(type, cXML(&file)))
+            res.insert(look);
+    }
+    return res;
+}
 
 class Datatool : public testing::Test {
 protected:
@@ -51,22 +86,27 @@ protected:
         return nlohmann::json::parse(static_cast<const std::string&>(result.out), nullptr, false);
     }
 
+    /// A document with a list of these ids.
+    static std::string makeList(const std::string& name, const std::vector<String>& ids) {
+        std::string res = "<o><" + name + ">";
+        for (const String& id : ids)
+            res += "<S id=\"" + id + "\"/>";
+        return res + "</" + name + "></o>";
+    }
+
     /// What the game asks for, no more: tables, the definitions of level objects, and levels.
     /// @param levels  the children of the level file's root
     void writeGame(const String& folder, const std::string& levels) {
         for (const String& name : ::Datatool::getNeededDocuments())
             directory.write(folder + "/" + name, "<o/>");
         directory.write(folder + "/sys/constants.xml", R"(<constants><game app_directory="App"/></constants>)");
-        std::string looks;
-        for (const char* look : {"wp_neutral", "wp_enemy", "wp_player", "wp_border", "wp_hidden", "init_state",
-                                 "normal_state", "destroyed_state", "walk_no_cargo", "wait_no_cargo", "walk_with_money",
-                                 "walk_with_food", "walk_with_wood", "walk_with_stone", "walk_with_iron",
-                                 "wait_state_upgrade_0", "wait_state_upgrade_1", "wait_state_upgrade_2"})
-            looks.append("<State id=\"").append(look).append("\"/>");
         for (Int type = 0; type <= objectDamagedRoad; ++type) {
             if (const char* file = cLevelObject::getDefinitionFile(type))
-                directory.write(folder + "/" + file, "<o><States>" + looks + "</States></o>");
+                directory.write(folder + "/" + file,
+                                makeList("States", ::Datatool::getAskedLooks(type, cXMLTag(String()))));
         }
+        directory.write(folder + "/Sounds/GameSounds.xml", makeList("Sounds", ::Datatool::getAskedSounds()));
+        directory.write(folder + "/GameStrings.xml", makeList("Strings", ::Datatool::getAskedTexts()));
         directory.write(folder + "/GameUI/TacticMap.xml", R"(<m land_base_dir="L/" top_tile_prefix="t_"/>)");
         directory.write(folder + "/LevelMap.lvl", "<LevelMap>" + levels + "</LevelMap>");
     }
@@ -304,22 +344,52 @@ TEST_F(Datatool, findsLevelsThatCannotBePlayed) {
     EXPECT_NE(run("check @bad").out.find("LevelMap.lvl: no element found line 1"), String::npos);
 }
 
-TEST_F(Datatool, findsLooksThatTheGameWillAskFor) {
+TEST_F(Datatool, findsWhatTheGameWillAskForByName) {
     writeGame("bad", makeLevel(0, 0));
     std::filesystem::remove(std::string(directory / "bad/GameLogic/Idol.xml"));
-    directory.write("bad/GameLogic/Bunker.xml", R"(<o><States><S id="init_state"/></States></o>)");
+    directory.write("bad/GameLogic/Bunker.xml", makeList("States", {"init_state"}));
     directory.write("bad/GameLogic/WoodMill.xml",
-                    R"(<o><States><S id="wait_state_upgrade_0"/></States><Upgrades><U/><U/></Upgrades></o>)");
+                    "<o cargo_levels_amount=\"1\"><States><S id=\"wait_state_upgrade_0\"/><S id=\"unload_button_1\"/>"
+                    "</States><Upgrades><U/><U/></Upgrades></o>");
     directory.write("bad/GameLogic/StoneMill.xml", "<o>");
     const String none = ": tag \"States\" has none with the id ";
     EXPECT_EQ(run("check @bad").out,
               "GameLogic/StoneMill.xml: no element found line 1 char 3\n"
               "GameLogic/Idol.xml: is missing; the game reads it\n"
               "GameLogic/WoodMill.xml" +
-                  none +
-                  "\"wait_state_upgrade_1\", which the game asks for\n"
+                  none + "\"wait_state_upgrade_1\", which the game asks for\n" + "GameLogic/WoodMill.xml" + none +
+                  "\"unload_button_0\", which the game asks for\n"
                   "GameLogic/Bunker.xml" +
                   none + "\"destroyed_state\", which the game asks for\n");
+}
+
+// The game's own data with one entry less: a load in a man's hands, a sound, a text of the second file.
+TEST_F(Datatool, namesTheOneEntryThatIsTakenAway) {
+    const std::filesystem::path data = BRINDLE_SOURCE_DIR "/Data";
+    const std::tuple<const char*, const char*, const char*> entries[] = {
+        {"GameLogic/FriendMan.xml", "<State id=\"walk_with_iron_tool\"", "walk_with_iron_tool"},
+        {"GameLogic/PlayerCatapult.xml", "<State id=\"wait_state_upgrade_3_bullet_3\"",
+         "wait_state_upgrade_3_bullet_3"},
+        {"GameLogic/Warehouse.xml", "<State id=\"cargo_4\"", "cargo_4"},
+        {"Sounds/GameSounds.xml", "<Sound id=\"mining_stone\"", "mining_stone"},
+        {"YesNoStrings.xml", "<s id=\"go_back\"", "go_back"},
+        {"GameStrings.xml", "<s id=\"product_33\"", "product_33"},
+    };
+    std::filesystem::copy(data, std::string(directory / "less"), std::filesystem::copy_options::recursive);
+    for (const char* heavy : {"Land", "Music", "UI/FixedBack"})  // named as missing, which is not what is looked for
+        std::filesystem::remove_all(std::string(directory / "less") + "/" + heavy);
+    for (const auto& [file, entry, id] : entries) {
+        std::string text = readFile(data / file);
+        const std::size_t begin = text.find(entry);
+        ASSERT_NE(begin, std::string::npos) << entry;
+        text.erase(begin, text.find("/>", begin) + 2 - begin);
+        directory.write(std::string("less/") + file, text);
+    }
+    const String out = run("check @less").out;
+    for (const auto& [file, entry, id] : entries)
+        EXPECT_NE(out.find(std::string("has none with the id \"") + id + "\", which the game asks for"), String::npos)
+            << id << "\nin\n"
+            << out;
 }
 
 // A slip in each kind of file that the game reads.
@@ -362,26 +432,49 @@ TEST_F(Datatool, findsKeysThatNothingReads) {
     EXPECT_EQ(out.find("tag \"Level\""), String::npos) << out;
 }
 
+// As with keys: a name that the code asks for and the tool does not know of is one that may be missing unseen.
+TEST(AskedNames, holdEveryNameThatTheSourcesAskFor) {
+    const std::vector<String> sounds = ::Datatool::getAskedSounds();
+    const std::vector<String> texts = ::Datatool::getAskedTexts();
+    const std::set<String> sound_set(sounds.begin(), sounds.end());
+    const std::set<String> text_set(texts.begin(), texts.end());
+    std::set<String> looks = getAllAskedLooks();
+    looks.insert({"common_base", "walk_no_cargo_offroad"});  // others stand in for these
+    const std::pair<std::regex, const std::set<String>*> askings[] = {
+        {std::regex(R"--((?:playGameSound|sounds->play)\(([^;]*)\))--"), &sound_set},
+        {std::regex(R"--(getGameString\(([^;]*)\))--"), &text_set},
+        {std::regex(R"--((?:findState|VisualState)\(([^;]*)\))--"), &looks},
+    };
+    const std::regex name(R"--("([a-z]\w*[a-z0-9])")--");  // no part of a name, as "cargo_" or "_base"
+    UInt count = 0;
+    forEachSource({"Game"}, [&](const std::filesystem::path& path, const std::string& text) {
+        for (const auto& [asking, known] : askings) {
+            for (std::sregex_iterator found(text.begin(), text.end(), asking), end; found != end; ++found) {
+                const std::string asked = (*found)[1];
+                for (std::sregex_iterator word(asked.begin(), asked.end(), name); word != end; ++word, ++count) {
+                    EXPECT_TRUE(known->contains(String((*word)[1].str())))
+                        << path << " asks for " << *word->begin()
+                        << ", which Tools/datatool/AskedNames.cpp doesn't know";
+                }
+            }
+        }
+    });
+    EXPECT_GT(count, 60u);
+}
+
 // Whoever teaches a class a new key has to tell the tool, or modders are told that nothing reads it.
 TEST(KnownKeys, holdEveryKeyThatTheSourcesRead) {
     const std::regex reading(R"--((?:\bread\w*\((?:[^;"]*, ?)?u|loadChild\([^;"]*, |(?:->|\.)get\()"(\w+)")--",
                              std::regex::optimize);
     const std::set<std::string> own_formats{"reason"};  // keys of documents that the game writes itself
     UInt count = 0;
-    for (const char* folder : {"Engine", "Game"}) {
-        const std::filesystem::path root = std::filesystem::path(BRINDLE_SOURCE_DIR) / folder;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
-            if (!entry.is_regular_file() || (entry.path().extension() != ".cpp" && entry.path().extension() != ".h"))
-                continue;
-            std::ifstream file(entry.path());
-            const std::string text(std::istreambuf_iterator<char>(file), {});
-            for (std::sregex_iterator found(text.begin(), text.end(), reading), end; found != end; ++found, ++count) {
-                const std::string name = (*found)[1];
-                EXPECT_TRUE(own_formats.contains(name) || ::Datatool::isKnownKey(String(name)))
-                    << entry.path() << " reads \"" << name << "\", which Tools/datatool/KnownKeys.cpp does not know";
-            }
+    forEachSource({"Engine", "Game"}, [&](const std::filesystem::path& path, const std::string& text) {
+        for (std::sregex_iterator found(text.begin(), text.end(), reading), end; found != end; ++found, ++count) {
+            const std::string name = (*found)[1];
+            EXPECT_TRUE(own_formats.contains(name) || ::Datatool::isKnownKey(String(name)))
+                << path << " reads \"" << name << "\", which Tools/datatool/KnownKeys.cpp does not know";
         }
-    }
+    });
     EXPECT_GT(count, 250u);
 }
 

@@ -17,6 +17,7 @@
 #include "Engine/graphics/image/Image.h"
 #include "Engine/platform/sdl/SoundFile.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
+#include "Tools/datatool/AskedNames.h"
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
 #include "Tools/datatool/KnownKeys.h"
@@ -201,8 +202,8 @@ private:
         findUnknownKeys(name, document, [&](const String& what) { find(label, what); });
     }
 
-    /// Levels and the objects on them, with the classes that play them. Their files lie where the game finds them:
-    /// behind its own file manager.
+    /// What the code asks for by name, and levels, with the classes that play them. Their files lie where the game
+    /// finds them: behind its own file manager.
     void checkGame() {
         if (!m_files.contains(toFileKey(cLevelFile::path)))
             return find(cLevelFile::path, "is missing; without it there is no level");
@@ -214,7 +215,7 @@ private:
         attempt(cLevelFile::path, [&] {
             const cFileManager files(m_directory, "pack", home.getPath());
             const cResourceManager resources;
-            checkDefinitions([this](const String& file, const String& what) { find(file, what); });
+            checkAskedNames([this](const String& file, const String& what) { find(file, what); });
             checkLevels([this](const String& what) { findAboutLevels(what); });
         });
     }

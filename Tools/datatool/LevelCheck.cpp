@@ -7,131 +7,18 @@
 #include <vector>
 
 #include "Engine/core/FileManager.h"
-#include "Engine/core/Keys.h"
-#include "Engine/core/ResourceManager.h"
-#include "Engine/core/ResourceRef.h"
 #include "Game/GameLogic/LevelObject.h"
 #include "Game/GameUI/Tactic/LevelFile.h"
 #include "Game/GameUI/Tactic/LevelGraph.h"
 #include "Game/GameUI/Tactic/TacticConstants.h"
 #include "Game/Ui/Game.h"
+#include "Tools/datatool/Documents.h"
 
 namespace Datatool {
 
 using namespace Engine;
 
 namespace {
-
-/// A document that the game knows by this name, held as long as this lives.
-class cDocument {
-public:
-    explicit cDocument(const String& path)
-        : m_xml(cResourceManager::getInstance()->getXML(path)), m_holder(cResourceRef::adopt(m_xml)) {}
-
-    iXML& get() const { return *m_xml; }
-
-private:
-    iXML* m_xml;
-    cResourceRef m_holder;
-};
-
-template <class VISIT>
-void forEachChild(const iXML& tag, const char* list, const VISIT& visit) {
-    iXML* tags = nullptr;
-    if (!tag.get(list, tags))
-        return;
-    for (UInt i = 0; i < tags->getTagCount(); ++i) {
-        iXML* child = nullptr;
-        tags->get(i, child);
-        visit(i, *child);
-    }
-}
-
-UInt countChildren(const iXML& tag, const char* list) {
-    iXML* tags = nullptr;
-    return tag.get(list, tags) ? tags->getTagCount() : 0;
-}
-
-Int readInt(const iXML& tag, const char16_t* key, Int missing) {
-    readKey(tag, key, missing);
-    return missing;
-}
-
-// Definition files ---------------------------------------------------------------------------------------------------
-
-/// The looks that a building has from one level to the next.
-void addLooksOfLevels(std::vector<String>& looks, UInt first, UInt last) {
-    for (UInt level = first; level <= last; ++level)
-        looks.push_back(String("wait_state_upgrade_") + std::to_string(level));
-}
-
-/// What the code asks an object of a type for and has no other look instead of.
-std::vector<String> getLooks(Int type, const iXML& definition) {
-    const UInt rows = countChildren(definition, "Upgrades");
-    std::vector<String> looks;
-    switch (type) {
-        case objectWayPoint:
-            return {"wp_neutral", "wp_enemy", "wp_player", "wp_border", "wp_hidden"};
-        case objectStartPoint:
-            return {"init_state", "normal_state"};
-        case objectBunker:
-            return {"init_state", "destroyed_state"};
-        case objectPort:
-        case objectShop:
-            return {"init_state"};
-        case objectFriendMan:
-            return {"walk_no_cargo",  "wait_no_cargo",   "walk_with_money", "walk_with_food",
-                    "walk_with_wood", "walk_with_stone", "walk_with_iron"};
-        case objectEnemyMan:
-            return {"walk_no_cargo", "wait_no_cargo"};
-        case objectEnemyCatapult:
-            addLooksOfLevels(looks, 1, 1);
-            return looks;
-        case objectBridge:
-            addLooksOfLevels(looks, 0, 2);
-            return looks;
-        case objectIdol:
-        case objectPlayerCatapult:
-        case objectWarehouse:
-        case objectIronMill:
-        case objectStoneMill:
-        case objectWoodMill:
-        case objectFoodMill:
-            addLooksOfLevels(looks, 0, rows > 0 ? rows - 1 : 0);
-            return looks;
-        default:
-            return {};
-    }
-}
-
-}  // namespace
-
-void checkDefinitions(const std::function<void(const String& file, const String& what)>& find) {
-    for (Int type = 0; type <= objectDamagedRoad; ++type) {
-        const char* file = cLevelObject::getDefinitionFile(type);
-        if (!file || !cFileManager::getInstance()->isExist(file))
-            continue;
-        try {
-            const cDocument document(file);
-            std::set<String> looks;
-            forEachChild(document.get(), "States", [&](UInt, const iXML& state) {
-                String id;
-                readKey(state, u"id", id);
-                looks.insert(id);
-            });
-            for (const String& look : getLooks(type, document.get())) {
-                if (!looks.contains(look))
-                    find(file, "tag \"States\" has none with the id \"" + look + "\", which the game asks for");
-            }
-        } catch (const std::string&) {
-            // that it can't be read was told where every document is
-        }
-    }
-}
-
-namespace {
-
-// Levels -------------------------------------------------------------------------------------------------------------
 
 constexpr Int first_building = objectIdol;
 constexpr Int last_building = objectShop;

@@ -1,10 +1,12 @@
-// unitsheet DATA OUT.png MESH TEXTURE ANIMATION...: draws a unit off-screen with the game's own renderer, as the map
-// and as the title screen show it, and leaves the picture in OUT.png. For whoever makes meshes and animations.
+// unitsheet DATA OUT.png MESH TEXTURE ANIMATION[+MESH+TEXTURE]...: draws a unit off-screen with the game's own
+// renderer, as the map and as the title screen show it, and leaves the picture in OUT.png. Behind an animation may
+// stand what the unit holds meanwhile. For whoever makes meshes and animations.
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <vector>
 
 #include "Engine/Ui/Control.h"
@@ -76,18 +78,52 @@ struct sLook {
     Float part = 0.0f;  ///< of the animation's length
 };
 
+/// A mesh with its texture.
+struct sBody {
+    sBody(const String& mesh_name, const String& texture_name)
+        : mesh(cResourceRef::adopt(cResourceManager::getInstance()->getMesh(mesh_name))),
+          texture(cResourceRef::adopt(cResourceManager::getInstance()->getTexture(texture_name))) {}
+
+    cResourceRef mesh;
+    cResourceRef texture;
+};
+
+/// What the unit does, and what it holds while it does it.
+struct sAct {
+    cAnimation* animation = nullptr;
+    std::optional<sBody> tool;
+};
+
+/// "ANIMATION" or "ANIMATION+MESH+TEXTURE".
+sAct readAct(const std::string& text) {
+    const std::size_t mesh = text.find('+');
+    const std::size_t texture = mesh == std::string::npos ? mesh : text.find('+', mesh + 1);
+    sAct act;
+    act.animation =
+        static_cast<cAnimation*>(cResourceManager::getInstance()->getAnimation(String(text.substr(0, mesh))));
+    if (texture != std::string::npos)
+        act.tool.emplace(String(text.substr(mesh + 1, texture - mesh - 1)), String(text.substr(texture + 1)));
+    return act;
+}
+
 class cSheet {
 public:
-    cSheet(cGraphics& graphics, const String& mesh, const String& texture) : m_graphics(graphics) {
-        m_mesh = cResourceRef::adopt(cResourceManager::getInstance()->getMesh(mesh));
-        m_texture = cResourceRef::adopt(cResourceManager::getInstance()->getTexture(texture));
+    cSheet(cGraphics& graphics, const String& mesh, const String& texture)
+        : m_graphics(graphics), m_body(mesh, texture) {
         m_units.reserve(256);
     }
 
-    void draw(const sLook& look) {
+    void draw(const sLook& look, const sAct* act = nullptr) {
+        draw(look, m_body);
+        if (act && act->tool)
+            draw(look, *act->tool);
+    }
+
+private:
+    void draw(const sLook& look, const sBody& body) {
         cControl control(nullptr);
-        control.setMesh(m_mesh.get());
-        control.setTexture(m_texture.get());
+        control.setMesh(body.mesh.get());
+        control.setTexture(body.texture.get());
         control.setAnimation(look.animation);
         control.setPosition(look.position);
         control.setAngle(look.angle);
@@ -102,10 +138,8 @@ public:
         m_graphics.render(m_units.back(), renderLinear);
     }
 
-private:
     cGraphics& m_graphics;
-    cResourceRef m_mesh;
-    cResourceRef m_texture;
+    sBody m_body;
     std::vector<iGraphics::sUnit> m_units;  ///< never moved while the frame is open
 };
 
@@ -128,32 +162,33 @@ void drawDirections(cSheet& sheet, cAnimation* animation) {
 }
 
 /// An animation in eight steps, as the map shows it and, further down, large and from the front.
-void drawSteps(cSheet& sheet, cAnimation* animation, UInt row) {
+void drawSteps(cSheet& sheet, const sAct& act, UInt row) {
     for (UInt i = 0; i < columns; ++i) {
         const Float part = (static_cast<Float>(i) + 0.5f) / static_cast<Float>(columns);
         sheet.draw(
-            {.position = toPlace({45, 145}, {62, 70}, i, row), .angle = 0.5f, .animation = animation, .part = part});
+            {.position = toPlace({45, 145}, {62, 70}, i, row), .angle = 0.5f, .animation = act.animation, .part = part},
+            &act);
         sheet.draw({.position = toPlace({60, 395}, {96, 97}, i, row),
                     .angle = 0.4f,
                     .pitch = front_pitch,
                     .scale = 1.6f,
-                    .animation = animation,
-                    .part = part});
+                    .animation = act.animation,
+                    .part = part},
+                   &act);
     }
 }
 
 void run(const std::vector<String>& arguments) {
     cStudio studio(arguments[0]);
-    cResourceManager& resources = *cResourceManager::getInstance();
-    std::vector<cAnimation*> animations;
+    std::vector<sAct> acts;
     for (std::size_t i = 4; i < arguments.size(); ++i)
-        animations.push_back(static_cast<cAnimation*>(resources.getAnimation(arguments[i])));
+        acts.push_back(readAct(arguments[i]));
     cSheet sheet(studio.getGraphics(), arguments[2], arguments[3]);
     studio.getGraphics().beginRender();
     drawGround(studio.getGraphics());
-    drawDirections(sheet, animations.empty() ? nullptr : animations[0]);
-    for (UInt row = 0; row < animations.size(); ++row)
-        drawSteps(sheet, animations[row], row);
+    drawDirections(sheet, acts.empty() ? nullptr : acts[0].animation);
+    for (UInt row = 0; row < acts.size(); ++row)
+        drawSteps(sheet, acts[row], row);
     studio.getGraphics().endRender();
     studio.saveTo(arguments[1]);
 }
@@ -163,8 +198,8 @@ void run(const std::vector<String>& arguments) {
 int main(int argc, char** argv) {
     if (argc < 5 || argv[1][0] == '-') {
         std::fprintf(stderr,
-                     "usage: unitsheet DATA OUT.png MESH TEXTURE [ANIMATION...]\nDraws a unit, up to three animations "
-                     "in steps.\n");
+                     "usage: unitsheet DATA OUT.png MESH TEXTURE [ANIMATION[+MESH+TEXTURE]...]\n"
+                     "Draws a unit, up to three animations in steps, each with what the unit holds meanwhile.\n");
         return argc == 2 && std::string_view(argv[1]) == "--help" ? 0 : 2;
     }
     setenv("SDL_VIDEODRIVER", "offscreen", 1);

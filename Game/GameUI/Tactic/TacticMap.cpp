@@ -35,6 +35,7 @@
 #include "Game/Ui/Game.h"
 #include "Game/Ui/GameMenu.h"
 #include "Game/Ui/GameSounds.h"
+#include "Game/Ui/Music.h"
 
 using namespace Engine;
 
@@ -116,6 +117,7 @@ void cTacticMap::initialize(Bool replay) {
     show();
     startRoll(cLevelRoll::in);
     cUtils::showLevelBridges(false);
+    Music::goOnWithLevel(cProfile::getInts()["CurrentLevel"]);
     playGameSound("next_level");
     if (cLog* log = tacticLog())
         log->printf(u"cTacticMap::initialize(): level %d was loaded.", cProfile::getInts()["CurrentLevel"]);
@@ -355,6 +357,7 @@ void cTacticMap::clearAfterDisappear() {
         return strategic->enterLevel(m_next_level, m_replay);
     if (m_next_level == to_last_comics)
         cGame::onEndLastComics();
+    Music::goOnWithMap();
     strategic->comeBack();
 }
 

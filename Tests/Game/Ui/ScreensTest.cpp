@@ -12,6 +12,7 @@
 #include "Engine/Ui/Scavenger.h"
 #include "Engine/core/Random.h"
 #include "Engine/core/ResourceManager.h"
+#include "Engine/core/ResourceRef.h"
 #include "Engine/core/Settings.h"
 #include "Engine/platform/sdl/OpenAlDevice.h"
 #include "Game/Ui/Game.h"
@@ -25,6 +26,7 @@
 #include "Game/Ui/YesNoExit.h"
 #include "Game/Ui/YesNoExt.h"
 #include "Tests/Support/HeadlessProgram.h"
+#include "Tests/Support/TestWave.h"
 
 using namespace Engine;
 
@@ -245,6 +247,51 @@ TEST_F(Screens, loadsAFewEntriesAFrameAndKeepsThem) {
     program.frames(2);
     EXPECT_EQ(calls, "on ");
     EXPECT_EQ(cLogLoad::getInstance(), nullptr);
+}
+
+// Music --------------------------------------------------------------------------------------------------------------
+
+TEST_F(Screens, theMapOfLevelsAndEachLevelInTurnHaveTheirOwnPiece) {
+    program.write("UI/Load.xml",
+                  "<l><MainMenuMusic Sound=\"menu.wav\"/><GameMusic Sound=\"map.wav\"/>"
+                  "<GameMusic Sound=\"one.wav\"/><GameMusic Sound=\"two.wav\"/></l>");
+    program.write("alone.xml", "<l><GameMusic Sound=\"map.wav\"/></l>");
+    program.write("none.xml", "<l/>");
+    start();
+    const auto pieces = [](const char* file) {
+        iXML* load = cResourceManager::getInstance()->getXML(file);
+        const cResourceRef holder = cResourceRef::adopt(load);
+        return Music::getMapPiece(*load) + " " + Music::getLevelPiece(*load, 0) + " " + Music::getLevelPiece(*load, 1) +
+               " " + Music::getLevelPiece(*load, 2);
+    };
+    EXPECT_EQ(pieces("UI/Load.xml"), "map.wav one.wav two.wav one.wav");
+    EXPECT_EQ(pieces("alone.xml"), "map.wav map.wav map.wav map.wav");
+    EXPECT_EQ(pieces("none.xml"), "   ");
+}
+
+// A level that follows another with the same piece does not begin it anew; another piece takes its place in memory.
+TEST_F(Screens, aPieceThatIsOnTheAirGoesOn) {
+    program.write("UI/Load.xml",
+                  "<l><GameMusic Sound=\"map.wav\"/><GameMusic Sound=\"one.wav\"/><GameMusic Sound=\"one.wav\"/></l>");
+    program.write("map.wav", TestWave::makeSine(440.0, 0.1));
+    program.write("one.wav", TestWave::makeSine(220.0, 0.1));
+    auto device = std::make_unique<Platform::cOpenAlDevice>();
+    Platform::cOpenAlDevice& air = *device;
+    program.getPlatform().setSoundDevice(std::move(device));
+    start();
+    const auto loaded = [] {
+        std::set<String> names;
+        cResourceManager::getInstance()->getResourceNames(names);
+        return (names.contains("map.wav") ? String("map ") : String()) + (names.contains("one.wav") ? "one" : "");
+    };
+    Music::goOnWithMap();
+    EXPECT_EQ(loaded(), "map ");
+    Music::goOnWithLevel(0);
+    EXPECT_EQ(loaded(), "one");
+    Music::goOnWithLevel(1);
+    EXPECT_EQ(air.getChannelStatus(2), Platform::eChannelStatus::playing) << "the second that was begun";
+    Music::goOnWithMap();
+    EXPECT_EQ(loaded(), "map ");
 }
 
 // Options ----------------------------------------------------------------------------------------------------------
