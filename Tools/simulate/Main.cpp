@@ -12,6 +12,7 @@
 #include "Tools/simulate/Report.h"
 #include "Tools/simulate/Settings.h"
 #include "Tools/simulate/Stage.h"
+#include "Tools/simulate/Trace.h"
 
 namespace {
 
@@ -49,6 +50,10 @@ void play(const Simulate::sSettings& settings, const std::filesystem::path& home
         actions = Simulate::readScript(settings.script);
     Simulate::cStage stage(settings, home);
     Simulate::cPlayer player(stage, std::move(actions), settings.script);
+    if (!settings.trace.empty()) {
+        stage.setMachine(std::make_unique<Simulate::cTrace>(stage.takeMachine(), settings.trace));
+        player.setScrollsFar(true);
+    }
     const double step = settings.step / 1000.0;
     double next_report = settings.every;
     const auto report = [&](double time, int indent) {

@@ -187,8 +187,12 @@ bool cPlayer::bringIntoView(const Vector2& place) {
     const bool to_right = x > width - edge && map().getOffset() < last;
     if (to_left || to_right) {
         m_stage.getMachine().move({to_left ? 1.0f : width - 1.0f, height * 0.5f});
+        m_is_scrolling = true;
         return false;
     }
+    if (m_is_scrolling && m_scrolls_far && map().getOffset() > 0.0f && map().getOffset() < last)
+        return false;
+    m_is_scrolling = false;
     m_stage.getMachine().move({width * 0.5f, height * 0.5f});
     return map().getSpeed() == 0.0f;
 }

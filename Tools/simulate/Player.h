@@ -25,6 +25,7 @@ public:
     /// @param script  what lines are told with in failures
     cPlayer(cStage& stage, std::vector<sAction> actions, std::string script);
 
+    void setScrollsFar(bool far) { m_scrolls_far = far; }  ///< always to an end of the map
     /// What is due at that time of the level, before its frame. Throws a String that names the script's line for an
     /// action that can't be understood, or names what does not exist.
     void act(double time);
@@ -60,6 +61,8 @@ private:
     std::size_t m_next = 0;
     std::string m_script;
     std::deque<std::function<bool()>> m_movements;  ///< one a frame each, until it gives true
+    bool m_scrolls_far = false;
+    bool m_is_scrolling = false;
     nlohmann::ordered_json m_answers = nlohmann::ordered_json::array();
     std::vector<std::string> m_log;
 };

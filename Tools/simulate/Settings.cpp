@@ -11,6 +11,7 @@ const char help[] = R"(simulate: play a level without a screen
 
   simulate --data DIR [--level N] [--home DIR] [--profile NAME] [--seed S] [--step SECONDS] [--until SECONDS]
            [--script FILE] [--report FILE] [--every SECONDS] [--set KEY=VALUE] [--draw]
+           [--trace FILE]
 
   --data DIR       the data directory
   --level N        the level to enter; without it the player's own, for a new one 0
@@ -23,6 +24,8 @@ const char help[] = R"(simulate: play a level without a screen
   --report FILE    where the report goes, one JSON object; without it to standard output
   --every SECONDS  a report each so many seconds, one a line
   --set KEY=VALUE  writes a property of the player first; may come more than once
+  --trace FILE     where the pointer and the keys are written down: a script of move, press, release and key alone, for
+                   any other hand. A level is scrolled from end to end then, so that a slower hand meets the same places
   --draw           can draw (off-screen) what is played, where the action "shot" asks for it
 
 Actions:
@@ -95,6 +98,7 @@ sSettings readSettings(int argc, const char* const* argv) {
         {"--until", [&](auto& option, auto& text) { res.until = toSeconds(option, text); }},
         {"--script", [&](auto&, auto& text) { res.script = text; }},
         {"--report", [&](auto&, auto& text) { res.report = text; }},
+        {"--trace", [&](auto&, auto& text) { res.trace = text; }},
         {"--every", [&](auto& option, auto& text) { res.every = toSeconds(option, text); }},
         {"--set", [&](auto& option, auto& text) { res.properties.push_back(toProperty(option, text)); }},
     };

@@ -18,6 +18,7 @@ struct sSettings {
     double until = 0.0;  ///< seconds of level time
     std::string script;  ///< a file; empty: nobody does anything
     std::string report;  ///< a file; empty: standard output
+    std::string trace;   ///< a file; empty: what the hand does is not written down
     double every = 0.0;  ///< seconds between two lines of the report; 0: one at the end
     bool draw = false;   ///< on the platform that draws, without a display
     std::vector<std::pair<std::string, std::string>> properties;  ///< of the player, written first

@@ -21,6 +21,9 @@ public:
     cStage& operator=(const cStage&) = delete;
 
     iMachine& getMachine() { return *m_machine; }
+    // For a machine that wraps the one of the beginning.
+    std::unique_ptr<iMachine> takeMachine() { return std::move(m_machine); }
+    void setMachine(std::unique_ptr<iMachine> machine) { m_machine = std::move(machine); }
     void frame();
     void setDrawing(bool drawing);  ///< of the frames to come, on a machine that can; they are not drawn before
     /// Frames until the level takes input; they count for nobody.
