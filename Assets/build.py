@@ -28,7 +28,7 @@ OBJECTS = {  # name: (Blender script, what it shall render, the function of comp
     "interface": ("render_interface.py", ["load", "hive", "bees", "help"], "interface"),
     "cloud": ("render_small.py", ["cloud"], "cloud"),
     "trees": ("render_land.py", ["trees"], "trees"),
-    "land": ("render_land.py", ["0", "1", "2"], "land"),
+    "land": ("render_land.py", ["0", "1", "2", "3", "4"], "land"),
     "buildings": ("render_buildings.py", [], "buildings"),
     "roads": ("render_roads.py", [], "roads"),
     "birds": ("render_small.py", ["birds"], "birds"),

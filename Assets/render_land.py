@@ -1,4 +1,4 @@
-"""Renders the land of a level: blender -b -P render_land.py -- DIR [samples=N] [trees] [0] [1] [2]
+"""Renders the land of a level: blender -b -P render_land.py -- DIR [samples=N] [trees] [0] ... [4]
 
 land_N.png: the whole level at SCALE times its size; trees that men walk behind are there as shadows alone.
 tree_KIND.png: one tree of a kind, without its shadow.

@@ -13,7 +13,7 @@ BUILDINGS = [
      "Money": 120, "Food": 4, "ManCost": {"Money": 10, "Food": 1}},
     {"Type": 13, "point": 5, "Level": 0, "MinLevel": 0},
     {"Type": 9, "point": 7, "Level": 1, "MinLevel": 0},
-    {"Type": 14, "point": 9, "BridgeNumber": 0, "NextLevel": 1, "Angle": 0, "GoldTime": 240, "SilverTime": 120,
+    {"Type": 14, "point": 9, "BridgeNumber": 0, "NextLevel": 1, "Angle": 0, "GoldTime": 250, "SilverTime": 90,
      "Upgrades": [{"Money": 20, "Food": 3, "MenAmount": 2, "UpgradeTime": 6, "Capacity": 0},
                   {"Money": 0, "Food": 8, "MenAmount": 1, "UpgradeTime": 3, "Capacity": 0}]},
 ]

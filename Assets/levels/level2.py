@@ -40,7 +40,7 @@ BUILDINGS = [
          "start_time": 240, "delay": 150, "repeat": 1},
         {"id": "thief", "depends": "no", "goal_type": 0, "task_parameter": 0, "goal_src": 19, "goal_dst": 23,
          "start_time": 330, "delay": 180, "repeat": 1}]},
-    {"Type": 14, "point": 27, "BridgeNumber": 2, "NextLevel": -1, "Angle": 0, "GoldTime": 560, "SilverTime": 205,
+    {"Type": 14, "point": 27, "BridgeNumber": 2, "NextLevel": 3, "Angle": 0, "GoldTime": 560, "SilverTime": 205,
      "Upgrades": [{"Money": 30, "Wood": 6, "Stone": 4, "Iron": 2, "MenAmount": 4, "UpgradeTime": 10, "Capacity": 0},
                   {"Money": 0, "Food": 8, "Wood": 4, "Iron": 2, "MenAmount": 2, "UpgradeTime": 4, "Capacity": 0}]},
 ]

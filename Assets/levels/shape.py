@@ -12,7 +12,7 @@ import numpy
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-LEVELS = 3
+LEVELS = 5
 CROWN, TRUNK = 84, 16  # what a tree covers above and beside its foot, units
 PATH_MARGIN = 27  # no tree's foot stands nearer to an arc
 
