@@ -35,6 +35,23 @@ start() {
   sleep 2.5
   find_window
 }
+tool="$(dirname "$game")/Tools/simulate"
+# Plays a level by one of the scripts beside this one, as it is entered anew: LEVEL SCRIPT SECONDS PICTURES. It waits that
+# long first, and takes a picture every half minute. The script is played without a screen before, which tells where the
+# pointer goes. What came too fast for a screen is played a little later.
+play_script() {
+  "$tool" --data "$(dirname "$game")/Data" --level "$1" --until 1000 --script "$2" --trace "$home/hand.txt" \
+    --report /dev/null || fail "$2 can't be played"
+  awk -v wait="$3" -v left="$left" -v top="$top" '
+    function at(time) { if (time < now + 0.05) time = now + 0.05; printf "sleep %.3f\n", time - now; now = time }
+    { at($1 + wait) }
+    $2 == "move" { printf "mousemove %d %d\n", left + $3, top + $4 }
+    $2 == "press" { print "mousedown 1" }
+    $2 == "release" { print "mouseup 1" }' "$home/hand.txt" >"$home/hand.xdo"
+  xdotool - <"$home/hand.xdo" & local hand=$! count=0
+  while sleep 30 && kill -0 $hand 2>/dev/null; do shot "$4-$((count += 1))"; done
+  wait $hand
+}
 skip_logos() { for _ in 1 2 3; do key space 0.6; done; sleep 2.5; }
 ended() {
   for _ in 1 2 3 4 5 6; do kill -0 $pid 2>/dev/null || return 0; sleep 0.5; done
