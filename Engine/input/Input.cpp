@@ -68,6 +68,7 @@ cInput::~cInput() {
 void cInput::bind(eControl control, fHandler handler, cView* view) {
     if (control < Control::count)
         m_controls[control].add(handler, view);
+    noteView(view);
 }
 
 void cInput::unbind(eControl control, fHandler handler, cView* view) {
@@ -87,6 +88,7 @@ void cInput::unbindAll() {
 
 void cInput::bindKeyboard(fCharHandler handler, cView* view) {
     m_char_handlers.add(handler, view);
+    noteView(view);
 }
 
 void cInput::unbindKeyboard() {
@@ -99,6 +101,7 @@ void cInput::unbindKeyboard(fCharHandler handler, cView* view) {
 
 void cInput::bindMouse(fMouseHandler handler, cView* view) {
     m_mouse_handlers.add(handler, view);
+    noteView(view);
 }
 
 void cInput::unbindMouse(fMouseHandler handler, cView* view) {
@@ -107,6 +110,7 @@ void cInput::unbindMouse(fMouseHandler handler, cView* view) {
 
 void cInput::bindKey(fKeyHandler handler, cView* view) {
     m_key_handlers.add(handler, view);
+    noteView(view);
 }
 
 void cInput::unbindKey(fKeyHandler handler, cView* view) {
@@ -119,14 +123,22 @@ void cInput::unbindKeys() {
 
 void cInput::bindJoystick(fJoystickHandler handler, cView* view) {
     m_joystick_handlers.add(handler, view);
+    noteView(view);
 }
 
 void cInput::unbindJoystick(fJoystickHandler handler, cView* view) {
     m_joystick_handlers.remove(handler, view);
 }
 
+void cInput::noteView(const cView* view) {
+    if (view)
+        m_bound_views.insert(view->getCreationNumber());
+}
+
 void cInput::unbindView(const cView& view) {
     const ULongLong number = view.getCreationNumber();
+    if (m_bound_views.erase(number) == 0)
+        return;
     for (auto& set : m_controls) {
         if (!set.empty())
             set.removeView(number);

@@ -3,6 +3,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 #include "Engine/core/Singleton.h"
@@ -76,6 +77,7 @@ private:
     void runCharacters();
     void runKeys();
     void gatherKeyboard();
+    void noteView(const cView* view);
     void gatherMouse();
     void gatherJoystick();
     void gather(eControl control);
@@ -97,6 +99,7 @@ private:
     EVENT_BUFFER m_mouse_buffer;
     EVENT_BUFFER m_joystick_buffer;
 
+    std::unordered_set<ULongLong> m_bound_views;  ///< living ones that anything was ever bound with
     std::array<cHandlerSet<fHandler>, Control::count> m_controls;
     cHandlerSet<fMouseHandler> m_mouse_handlers;
     cHandlerSet<fJoystickHandler> m_joystick_handlers;

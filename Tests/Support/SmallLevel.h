@@ -64,7 +64,7 @@ private:
             text +=
                 " speed_by_road=\"50\" cross_country_speed=\"0.5\" speed_with_cargo=\"0.8\" default_capacity=\"1\" "
                 "angle=\"-90\"";
-        return text + "/>";
+        return text + "><TileTemplate size=\"48,26\" ProgressMaxValue=\"48\"/></Object>";
     }
 
     Engine::cHeadlessProgram m_program;
