@@ -19,7 +19,8 @@ void cTrace::advance(unsigned milliseconds) {
 /// Goes to whole places, as a pointer does.
 void cTrace::move(const Engine::Vector2& place) {
     const Engine::Vector2 whole(std::round(place.x), std::round(place.y));
-    const std::string action = "move " + std::to_string(std::lround(whole.x)) + " " + std::to_string(std::lround(whole.y));
+    const std::string action =
+        "move " + std::to_string(std::lround(whole.x)) + " " + std::to_string(std::lround(whole.y));
     if (action != m_last_move)
         write(action);
     m_last_move = action;

@@ -288,12 +288,15 @@ void visitLevel(cScript& script, UInt level, const String& name) {
         moveTo(placeOfNode(level));
     });
     script.then(0.1f, press).then(0.1f, release).shot(0.8f, name + "-rolls-in").when(isLevelPlayed);
-    script.shot(0.2f, name + "-caravan").shot(8.0f, name + "-men").shot(8.0f, name + "-later");
-    if (level > 0)
+    script.shot(0.2f, name + "-caravan").shot(6.0f, name + "-men");
+    if (level == 1)
         askToGoBack(script, name);
-    script.then(0.1f, [] { moveTo({799.0f, 300.0f}); }).shot(4.0f, name + "-scrolled");
-    script.then(0.1f, pushEsc).shot(0.5f, name + "-menu");
-    script.click("UI/GameMenu.xml", "MapButton").screen<cGameMenu>();
+    if (level > 1)
+        script.then(0.1f, [] { moveTo({799.0f, 300.0f}); }).shot(2.0f, name + "-scrolled");
+    script.then(0.1f, pushEsc);
+    if (level == 0)
+        script.shot(0.5f, name + "-menu");
+    script.screen<cGameMenu>().click("UI/GameMenu.xml", "MapButton").screen<cGameMenu>();
     script.click("UI/YesNo.xml", "YesButton").shot(1.0f, name + "-rolls-out");
 }
 
@@ -303,13 +306,13 @@ STEPS makeLevelRun(const std::string& out) {
     for (int i = 0; i < 3; ++i)
         script.then(0.3f, pushSpace);
     script.screen<cMainMenu>().click(menu, "StartButton").when(isMapOfLevelsOpen).shot(0.5f, "20-map-of-levels");
-    visitLevel(script, 0, "21-level0");
-    visitLevel(script, 1, "22-level1");
-    visitLevel(script, 2, "23-level2");
+    constexpr UInt levels = 5;
+    for (UInt level = 0; level < levels; ++level)
+        visitLevel(script, level, std::to_string(21 + level) + "-level" + std::to_string(level));
     script.when(isMapOfLevelsOpen)
-        .shot(0.5f, "24-map-of-levels")
+        .shot(0.5f, "26-map-of-levels")
         .click("GameUI/Strategic/StrategicMap.xml", "MainMenuButton");
-    script.screen<cMainMenu>().shot(1.0f, "25-main-menu").then(0.1f, pushEsc);
+    script.screen<cMainMenu>().shot(1.0f, "27-main-menu").then(0.1f, pushEsc);
     script.screen<cYesNoExit>().click(leaving, "YesButton");
     return script.getSteps();
 }

@@ -313,7 +313,8 @@ void cUpgradableBuilding::updateInfoTipPrice(sInfoTip& info) {
     if (getUpgradeState() != idle || isAtTop() || !cBuilding::isPlayerConnected())
         return;
     if (!upgradePlanWasBought()) {
-        info.text = getGameString("buy_plan");
+        if (getMap().getUpgrades().contains(getUpgradePlanId(getLevel() + 1)))
+            info.text = getGameString("buy_plan");
         return;
     }
     info.text = getGameString(getLevel() == 0 ? "build" : "upgrade");
