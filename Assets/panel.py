@@ -147,8 +147,8 @@ def _save_button(image, name):
 
 
 def draw():
-    slots = [(94 + 76 * i, 166 + 76 * i) for i in range(5)]
-    _put(_beam([*slots, (476, 574), (578, 660)]), "beam")
+    goods = [(182 + 73 * i, 251 + 73 * i) for i in range(4)]  # three digits
+    _put(_beam([(94, 178), *goods, (476, 574), (578, 660)]), "beam")  # money has four
     for name, make in ICONS.items():
         image = _rimmed(make())
         picture.save(picture.shrink(image, image.width // 28), f"GameUI/Panel/icon_{name}.png")

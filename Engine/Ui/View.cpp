@@ -128,14 +128,8 @@ void cView::loadXML(const iXML* xml) {
         m_transparency_speed = speed;
     readKey(*xml, u"AbsoluteEnable", absolute);
 
-    if (visible)
-        show();
-    else
-        hide();
-    if (enable_key)
-        enable();
-    else
-        disable();
+    setShown(visible);
+    setEnabled(enable_key);
     if (absolute)
         absoluteEnable();
 }

@@ -59,6 +59,7 @@ public:
     void hide();
     void enable();
     void disable();
+    void setShown(Bool shown) { shown ? show() : hide(); }
     void setEnabled(Bool enabled) { enabled ? enable() : disable(); }
     void absoluteEnable();
     void absoluteDisable();

@@ -59,12 +59,8 @@ void cTicksHolder::placeTick(UInt index) {
 }
 
 void cTicksHolder::showTicks(Bool shown) {
-    for (cPicture* tick : m_ticks) {
-        if (shown)
-            tick->show();
-        else
-            tick->hide();
-    }
+    for (cPicture* tick : m_ticks)
+        tick->setShown(shown);
 }
 
 void cTicksHolder::addTick() {

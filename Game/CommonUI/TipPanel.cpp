@@ -194,6 +194,8 @@ void cTipPanel::updateTipData(iExtendedInfoTip* source) {
     updateTipPrice(info);
     const Bool has_price = tellHalf(m_price_text, m_price, info);
     m_is_empty = !has_cargo && !has_price;
+    if (m_is_empty)
+        m_hiding = true;
 }
 
 /// A half that tells nothing is left out, with the men that its list may still hold. False for such a one.

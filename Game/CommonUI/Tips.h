@@ -53,11 +53,11 @@ public:
     }
     void clicked() override {
         _Button::clicked();
-        m_tip.clicked();
+        tellClick();
     }
     void unclicked() override {
         _Button::unclicked();
-        m_tip.clicked();
+        tellClick();
     }
 
     virtual void updateTipData() { m_tip.updateTipData(dynamic_cast<iExtendedInfoTip*>(this)); }
@@ -68,6 +68,11 @@ public:
 
 private:
     Bool isPointerInside() const { return this->pointInRect(Engine::cLogic::getInstance()->getCursorPos()); }
+    /// What it offered may have been ordered by that.
+    void tellClick() {
+        updateTipData();
+        m_tip.clicked();
+    }
     void startTip() {
         if (!m_tip.canStart())
             return;

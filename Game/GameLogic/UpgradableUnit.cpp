@@ -87,11 +87,6 @@ void cUpgradableUnit::updateUpgradeCargoCapacity() {
 
 // An order -----------------------------------------------------------------------------------------------------------
 
-Long cUpgradableUnit::beginOrder() {
-    takeOrder(getLevelMap().makeTransaction());
-    return m_order;
-}
-
 void cUpgradableUnit::takeOrder(Long transaction) {
     m_upgrade_cargo.clearCargo();
     updateUpgradeCargoCapacity();
@@ -108,19 +103,29 @@ Bool cUpgradableUnit::createUpgradeGoals() {
 void cUpgradableUnit::orderUpgrade(const std::vector<cBuilding*>& providers, const Vector2& place,
                                    const Vector2& direction, const char* lack_text) {
     ENGINE_MARK;
-    const Long transaction = beginOrder();
+    orderGoods(providers, place, direction, lack_text);
+    cUpgradableUnit::createUpgradeGoals();
+    orderBuilders(m_order);
+    showProgress(0.0f, getUpgradeTime());
+}
+
+void cUpgradableUnit::orderGoods(const std::vector<cBuilding*>& providers, const Vector2& place,
+                                 const Vector2& direction, const char* lack_text) {
+    ENGINE_MARK;
+    takeOrder(getLevelMap().makeTransaction());
     flyPrice(place, direction);
     if (createDeliveryGoals(providers, lack_text))
         m_state = waitingForResources;
     else
         startUpgrade();
-    cUpgradableUnit::createUpgradeGoals();
-    for (Int i = 0; i < getNeededMen(goalUpgrade); ++i) {
+}
+
+void cUpgradableUnit::orderBuilders(Long transaction) {
+    for (Int i = 0; i < getNeededMen(getGoalType()); ++i) {
         auto goal = getNewBuilderGoal();
         goal->setTransactionId(transaction);
         getLevelMap().getGoals()->addGoal(std::move(goal));
     }
-    showProgress(0.0f, getUpgradeTime());
 }
 
 Bool cUpgradableUnit::createDeliveryGoals(const std::vector<cBuilding*>& providers, const char* lack_text) {
@@ -228,15 +233,17 @@ Int cUpgradableUnit::grabFromMan(cFriendMan* man, Int type, Long trans, Int amou
     return taken;
 }
 
-void cUpgradableUnit::flyGoods(const sResourceCargo& goods, Int sign, const Vector2& place, const Vector2& direction) {
+void cUpgradableUnit::flyGoods(const sResourceCargo& goods, Int sign, const Vector2& place, const Vector2& direction,
+                               eSpread spread) {
     constexpr Float gap = 50.0f;  ///< units
-    Float offset = 1.0f;
+    Float offset = spread == eSpread::behind ? 0.0f : 1.0f;
     for (Int type = 0; type < resource_count; ++type) {
         if (goods[type] <= 0)
             continue;
         const Vector2 at = place + direction * offset;
         new cFlyingNumber(getLevelMap().getObjectsLayer(), at.x, at.y, sign * goods[type], type, false);
-        offset = -std::copysign(std::abs(offset) + gap, offset);
+        const Float next = std::abs(offset) + gap;
+        offset = spread == eSpread::behind ? -next : -std::copysign(next, offset);
     }
 }
 
@@ -348,12 +355,8 @@ void cUpgradableUnit::createUpgradeEffect(cControl* control) {
 }
 
 void cUpgradableUnit::showEffect(Bool show) {
-    if (!m_effect)
-        return;
-    if (show)
-        m_effect->show();
-    else
-        m_effect->hide();
+    if (m_effect)
+        m_effect->setShown(show);
 }
 
 // Files --------------------------------------------------------------------------------------------------------------

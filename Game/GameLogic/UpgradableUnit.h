@@ -116,9 +116,11 @@ protected:
     /// shows. Throws that text where there are not enough goods on the level.
     void orderUpgrade(const std::vector<cBuilding*>& providers, const Vector2& place, const Vector2& direction,
                       const char* lack_text);
-    /// Begins an order: its own number, no goods, no men done.
-    Long beginOrder();
-    void takeOrder(Long transaction);  ///< begins one that has its number already
+    /// The same of its goods alone: an order of its own number, its price, what is sent for.
+    void orderGoods(const std::vector<cBuilding*>& providers, const Vector2& place, const Vector2& direction,
+                    const char* lack_text);
+    void orderBuilders(Long transaction);  ///< as many as it needs
+    void takeOrder(Long transaction);      ///< begins one of that number: no goods, no men done
     /// Orders so much from those stores, then from men on their way to one.
     /// Throws that text where there are not enough goods on the level.
     void sendFor(Int type, Int needed, const std::vector<cBuilding*>& providers, Long trans, const char* lack_text);
@@ -126,9 +128,12 @@ protected:
     /// Throws that text where there are not enough goods on the level.
     Bool createDeliveryGoals(const std::vector<cBuilding*>& providers, const char* lack_text);
     virtual Int takeOwnGoods(Int, Int) { return 0; }  ///< of its own store, at once; gives the amount
+    /// How numbers that fly up together stand: by turns to either side of their place, or all behind it.
+    enum class eSpread { bothSides, behind };
     /// Goods fly up from that place of the screen, one number beside the other in that direction.
     /// @param sign  1: they have come; -1: they have gone
-    static void flyGoods(const sResourceCargo& goods, Int sign, const Vector2& place, const Vector2& direction);
+    static void flyGoods(const sResourceCargo& goods, Int sign, const Vector2& place, const Vector2& direction,
+                         eSpread spread = eSpread::bothSides);
     void flyPrice(const Vector2& place, const Vector2& direction) const;  ///< which has gone
     /// One more builder is done. True for the last one.
     Bool countFinishedMan();

@@ -147,6 +147,7 @@ private:
     void letGo(cPlacedBuilding& building, Bool any_level);
     Bool isNodeSeen() const;
     Bool isPlanOutdated() const;
+    void followPointerWithPrice();
     void followPointer(Bool follow);
 
     Int m_index = -1;

@@ -3,9 +3,11 @@
 #include "Engine/core/Logic.h"
 #include "Engine/input/Input.h"
 #include "Game/GameLogic/WayPoint.h"
+#include "Game/GameLogic/buildings/Catapult.h"
 #include "Game/GameLogic/roads/DraggedRoad.h"
 #include "Game/GameLogic/roads/RoadPlan.h"
 #include "Game/GameLogic/roads/RoadPrice.h"
+#include "Game/GameUI/Tactic/ControlPanel.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 
 using namespace Engine;
@@ -66,8 +68,15 @@ Bool cWayPoint::isPlanOutdated() const {
 void cWayPoint::showRoadPrice() {
     updateRoadPlanPrice();
     m_price_shown = true;
+    followPointerWithPrice();
+}
+
+/// Not yet on a level that has just begun, whose stock nobody has seen: it comes with the pointer's next move.
+void cWayPoint::followPointerWithPrice() {
     updatePricePosition(cLogic::getInstance()->getCursorPos());
-    getMap().getRoadPrice().show();
+    cRoadPrice& price = getMap().getRoadPrice();
+    if (!price.isShow() && getMap().getControlPanel().isShow())
+        price.show();
 }
 
 void cWayPoint::hideRoadPrice() {
@@ -92,7 +101,7 @@ void cWayPoint::updatePricePosition(const Vector2& pos) {
 void cWayPoint::mouseMove(eControl, Long, cView* _this) {
     auto* way_point = static_cast<cWayPoint*>(_this);
     if (way_point->m_price_shown)
-        way_point->updatePricePosition(cLogic::getInstance()->getCursorPos());
+        way_point->followPointerWithPrice();
 }
 
 void cWayPoint::followPointer(Bool follow) {
@@ -142,6 +151,8 @@ void cWayPoint::hovered() {
 void cWayPoint::unhovered() {
     cFieldObject<cLevelObject>::unhovered();
     pointerLeft();
+    if (m_catapult && !getMap().areTargetsShown())
+        m_catapult->hideDamageArea();
 }
 
 void cWayPoint::clicked() {

@@ -47,6 +47,15 @@ public:
     void moveCursor(Float x, Float y) { m_platform.moveCursor({x, y}); }
     void press() { m_platform.pushMouseButton(0, true); }
     void release() { m_platform.pushMouseButton(0, false); }
+    /// There, a frame for each of coming, pressing and releasing.
+    void click(Float x, Float y) {
+        moveCursor(x, y);
+        frame();
+        press();
+        frame();
+        release();
+        frame();
+    }
 
     Platform::cHeadlessPlatform& getPlatform() { return m_platform; }
     const cTempDirectory& getDirectory() const { return m_directory; }

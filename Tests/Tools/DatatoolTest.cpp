@@ -21,6 +21,9 @@
 #include "Engine/core/RealFile.h"
 #include "Engine/core/XML.h"
 #include "Game/GameLogic/LevelObject.h"
+#include "Game/GameLogic/Mark.h"
+#include "Game/Ui/LevelHead.h"
+#include "Game/Ui/SaveFile.h"
 #include "Tests/Support/TempDirectory.h"
 #include "Tests/Support/UnitFiles.h"
 #include "Tools/datatool/AskedNames.h"
@@ -189,6 +192,42 @@ TEST_F(Datatool, inspectsWhatItKnowsByItsBytes) {
     directory.write("bad.xml", "<a><b></a>");
     EXPECT_EQ(run("inspect @bad.xml").err.find("datatool: " + directory.getPath() + "bad.xml: mismatched tag line 1"),
               0u);
+}
+
+TEST_F(Datatool, inspectsASaveAndSaysWhereItIsDamaged) {
+    sSave save;
+    save.progress.awards[3].obtained = 1;
+    save.progress.hints[54] = sProgress::hint_done;
+    save.products.assign(34, 0);
+    save.products[26] = 1;
+    cLevelState& level = save.levels.emplace(2, cLevelState(2)).first->second;
+    sLevelHead{.completed = true, .marks = {markGold, markNone}, .previous_level = 1}.serialize(*level.createWriter());
+    const std::vector<char> bytes = cSaveFile::toBytes(save);
+    const std::string text(bytes.begin(), bytes.end());
+    directory.write("00000001.save", text);
+    const auto json = inspect("@00000001.save");
+    EXPECT_EQ(json["format"], "save");
+    EXPECT_TRUE(json["awards"][3]["obtained"].get<bool>());
+    EXPECT_EQ(json["hints"][54], 2);
+    EXPECT_EQ(json["products"][26], 1);
+    EXPECT_EQ(json["levels"].size(), 1u);
+    EXPECT_EQ(json["levels"][0]["level"], 2);
+    EXPECT_TRUE(json["levels"][0]["completed"].get<bool>());
+    EXPECT_EQ(json["levels"][0]["marks"], (std::vector<int>{2, 0}));
+    EXPECT_EQ(json["levels"][0]["previous_level"], 1);
+
+    const String head = "datatool: " + directory.getPath() + "00000001.save.bak: ";
+    for (std::size_t length = 0; length < text.size(); length += 97) {
+        directory.write("00000001.save.bak", text.substr(0, length));
+        const sResult cut = run("inspect @00000001.save.bak");
+        EXPECT_EQ(cut.status, 1) << length;
+        EXPECT_TRUE(cut.out.empty()) << length;
+        EXPECT_TRUE(cut.err.starts_with(head) && std::count(cut.err.begin(), cut.err.end(), '\n') == 1) << cut.err;
+    }
+    level.setBytes({1});
+    const std::vector<char> short_level = cSaveFile::toBytes(save);
+    directory.write("00000001.save.bak", std::string(short_level.begin(), short_level.end()));
+    EXPECT_EQ(run("inspect @00000001.save.bak").err, head + "level 2: the record ends too soon\n");
 }
 
 TEST_F(Datatool, bringsADocumentToBinaryAndBack) {

@@ -6,7 +6,7 @@
 /// is at fault.
 namespace Datatool {
 
-/// Prints what a file holds as JSON; told by its bytes, not by its name.
+/// Prints what a file holds as JSON; told by its bytes, not by its name, but for a player's ".save".
 void inspect(const Engine::String& file);
 
 /// Prints one line a finding about a data directory. False if there was any.

@@ -1,9 +1,12 @@
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "Engine/Ui/Font.h"
 #include "Engine/core/ZipFile.h"
+#include "Game/Ui/LevelHead.h"
+#include "Game/Ui/SaveFile.h"
 #include "Tools/datatool/Commands.h"
 #include "Tools/datatool/FileBytes.h"
 #include "Tools/datatool/ResourceLog.h"
@@ -78,6 +81,56 @@ JSON inspectFont(const String& name, const BYTES& bytes) {
     return {{"format", "font"}, {"glyphs", font.getGlyphCount()}, {"ranges", std::move(ranges)}};
 }
 
+JSON tellAward(const sAwardRecord& award) {
+    return {{"id", award.id},
+            {"obtained", award.obtained != 0},
+            {"shown", award.shown != 0},
+            {"count", award.data00},
+            {"target", award.data01}};
+}
+
+/// What the map of levels knows of it.
+JSON tellLevel(cLevelState& level) {
+    sLevelHead head;
+    try {
+        head.serialize(*level.createReader());
+    } catch (const std::string& reason) {
+        throw String("level " + std::to_string(level.getLevel()) + ": " + reason);
+    }
+    return {{"level", level.getLevel()},
+            {"bytes", level.getBytes().size()},
+            {"completed", head.completed},
+            {"marks", head.marks},
+            {"previous_level", head.previous_level}};
+}
+
+JSON inspectSave(const String& name, const BYTES& bytes) {
+    sSave save;
+    if (const String wrong = cSaveFile::fromBytes(bytes, save); !wrong.empty())
+        throw String(name + ": " + wrong);
+    JSON awards = JSON::array();
+    for (const sAwardRecord& award : save.progress.awards)
+        awards.push_back(tellAward(award));
+    JSON levels = JSON::array();
+    try {
+        for (auto& [number, level] : save.levels)
+            levels.push_back(tellLevel(level));
+    } catch (const std::string& reason) {
+        throw String(name + ": " + reason);
+    }
+    return {{"format", "save"},
+            {"awards", std::move(awards)},
+            {"hints", save.progress.hints},
+            {"products", save.products},
+            {"levels", std::move(levels)}};
+}
+
+/// A save has no head of its own: "00000001.save", and the ones that are kept beside it.
+Bool isSaveName(const String& file) {
+    const std::string name = std::filesystem::path(std::string(file)).filename().string();
+    return name.ends_with(".save") || name.ends_with(".save.bak") || name.ends_with(".save.damaged");
+}
+
 /// Enough to tell a format by, so that no large file is read in vain.
 BYTES readHead(iFile& file) {
     BYTES head(std::min<std::size_t>(file.getSize(), 64 * 1024));
@@ -106,7 +159,9 @@ void inspect(const String& file) {
     const std::unique_ptr<iFile> opened = openFile(file);
     const BYTES head = readHead(*opened);
     JSON json{{"file", static_cast<std::string>(file)}};
-    if (beginsWith(head, "PK\3\4") || beginsWith(head, "PK\5\6"))
+    if (isSaveName(file))
+        json.update(inspectSave(file, readAll(*openFile(file))));
+    else if (beginsWith(head, "PK\3\4") || beginsWith(head, "PK\5\6"))
         json.update(inspectPack(file));
     else if (beginsWith(head, "tnof"))
         json.update(inspectFont(file, readAll(*openFile(file))));

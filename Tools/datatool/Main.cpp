@@ -15,7 +15,7 @@ constexpr int exit_usage = 2;
 constexpr std::string_view help = R"(datatool: look into the game's data, check it, pack it
 
   datatool inspect FILE            what FILE holds, as JSON: a document (text or binary XML), a resource log,
-                                   a pack's directory, a mesh, an animation, a font
+                                   a pack's directory, a mesh, an animation, a font; a player's save, by its name
   datatool check DIR               one line for each fault in a data directory: documents, pictures, meshes,
                                    animations, fonts, sounds and packs that can't be read, names that clash, files that
                                    documents name and nobody has, what is missing that the game needs to start; levels

@@ -163,6 +163,6 @@ void cBridgeClock::showCountdown(Float range, Float left) {
 }
 
 void cBridgeClock::showClock(Bool show) {
-    for (cControl* part : std::initializer_list<cControl*>{m_time_progress, m_clock})
-        show ? part->show() : part->hide();
+    m_time_progress->setShown(show);
+    m_clock->setShown(show);
 }

@@ -66,7 +66,7 @@ void cBridgeWay::show(Bool show) {
     m_is_shown = show;
     const auto show_part = [](cView* part, Bool is_shown) {
         if (part)
-            is_shown ? part->show() : part->hide();
+            part->setShown(is_shown);
     };
     for (cOverlayButton* tile : m_tiles)
         show_part(tile, show);

@@ -146,8 +146,7 @@ void cBuilding::loadXmlState(const iXML* xml) {
             points->get(i, tag);
             Int index = -1;
             readKey(*tag, u"index", index);
-            if (!getMap().hasPoint(index))
-                throw String("cBuilding::loadXmlState(): no point ") + std::to_string(index) + " under the building";
+            requirePoint(index, "cBuilding::loadXmlState()");
             if (initUnderWayPoint(index))
                 m_points.push_back(index);
         }
@@ -159,6 +158,15 @@ void cBuilding::loadXmlState(const iXML* xml) {
     cargo.loadXML(xml);
     setCargo(cargo);
     requireGoods();
+}
+
+/// Who goes to a point goes to what stands there: one thing.
+void cBuilding::requirePoint(Int index, const char* where) const {
+    if (!getMap().hasPoint(index))
+        throw String(where) + ": no point " + std::to_string(index) + " under the building";
+    const cLevelObject* other = getMap().getPoint(index).building;
+    if (other && other != this)
+        throw String(where) + ": two buildings on point " + std::to_string(index);
 }
 
 void cBuilding::requireGoods() const {
@@ -181,8 +189,7 @@ void cBuilding::loadBinState(iArch& arch) {
     for (Int left = readCount(arch, sizeof(Int), "points under a building"); left > 0; --left) {
         Int point = -1;
         arch << point;
-        if (!getMap().hasPoint(point))
-            throw String("cBuilding::loadBinState(): no point ") + std::to_string(point) + " under the building";
+        requirePoint(point, "cBuilding::loadBinState()");
         m_points.push_back(point);
         initUnderWayPoint(point);
     }

@@ -39,8 +39,8 @@ public:
     /// "Shadow" (cPicture each) and "CargoProgress".
     void loadXML(const Engine::iXML* xml) override;
     /// The keys "Position" and those of the goods, and the child tag "Points" with an "index" for each point under it.
-    /// Throws "cBuilding::loadXmlState(): no point <index> under the building" for an index that is none, and
-    /// "cBuilding: <n> goods in one store are too many" for more than 100000.
+    /// Throws "cBuilding::loadXmlState(): no point <index> under the building" for an index that is none, "... two
+    /// buildings on point <index>", and "cBuilding: <n> goods in one store are too many" for more than 100000.
     void loadXmlState(const Engine::iXML* xml) override;
     void saveBinState(Engine::iArch& arch) override;
     void loadBinState(Engine::iArch& arch) override;
@@ -93,6 +93,7 @@ protected:
 private:
     static BUILDINGS& getList();
     void place(const Vector2& center);
+    void requirePoint(Int index, const char* where) const;
     void requireGoods() const;
 
     std::vector<Int> m_points;

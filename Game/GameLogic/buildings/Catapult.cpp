@@ -15,9 +15,7 @@ void cCatapultUpgrade::loadXML(const iXML* xml) {
     cUpgrade::loadXML(xml);
     readKey(*xml, u"DamageRadius", damage_radius);
     readKey(*xml, u"Height", height);
-    iXML* charge = nullptr;
-    if (xml->get("ChargeCargo", charge))
-        charge_cargo.loadXML(charge);
+    loadChild(charge_cargo, xml, "ChargeCargo");
 }
 
 // Any catapult -------------------------------------------------------------------------------------------------------

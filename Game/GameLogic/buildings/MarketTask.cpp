@@ -26,12 +26,6 @@ constexpr char definition_file[] = "GameLogic/MarketTask.xml";
 constexpr Int most_goods = 1000;                 ///< on one side of a trade: each item becomes a goal
 constexpr Vector2 flying_direction{1.0f, 0.0f};  ///< numbers stand side by side
 
-void loadCargo(const iXML& xml, const char* name, sResourceCargo& cargo) {
-    iXML* tag = nullptr;
-    if (xml.get(name, tag))
-        cargo.loadXML(tag);
-}
-
 }  // namespace
 
 cMarketTask::cMarketTask(cMarket& market) : m_market(market) {
@@ -64,8 +58,8 @@ void cMarketTask::loadXMLState(const iXML* xml) {
     readKey(*xml, u"repeat", m_repeat);
     readKey(*xml, u"product_id", m_product_id);
     readKey(*xml, u"dock_number", m_dock_number);
-    loadCargo(*xml, "src_cargo", m_src_cargo);
-    loadCargo(*xml, "dst_cargo", m_dst_cargo);
+    loadChild(m_src_cargo, xml, "src_cargo");
+    loadChild(m_dst_cargo, xml, "dst_cargo");
     requireSense();
 }
 
@@ -158,7 +152,7 @@ Bool cMarketTask::createUpgradeGoals() {
     map.getSortedResourceProviders(providers, getUnderPoint());
     const Long transaction = map.makeTransaction();
     m_orders.push_back({transaction, {}});
-    flyGoods(m_src_cargo, -1, m_market.cControl::getPosition(), flying_direction);
+    flyGoods(m_src_cargo, -1, m_market.cControl::getPosition(), flying_direction, eSpread::behind);
     m_is_ordering = true;
     for (Int type = 0; type < resource_count; ++type)
         sendFor(type, m_src_cargo[type], providers, transaction,
@@ -168,11 +162,7 @@ Bool cMarketTask::createUpgradeGoals() {
     if (m_orders.size() == 1)
         startFirstOrder();
     cUpgradableUnit::createUpgradeGoals();
-    for (Int i = 0; i < getNeededMen(goalMarket); ++i) {
-        auto goal = getNewBuilderGoal();
-        goal->setTransactionId(transaction);
-        map.getGoals()->addGoal(std::move(goal));
-    }
+    orderBuilders(transaction);
     createLoadGoals(transaction);
     return true;
 }

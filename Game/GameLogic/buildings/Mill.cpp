@@ -54,11 +54,9 @@ void cMill::loadXML(const iXML* xml) {
     loadChild(*m_tool_proto, xml, "MiningManTool");
     for (cControl* part : std::initializer_list<cControl*>{m_unload_button, m_worker_proto, m_tool_proto})
         part->hide();
+    loadChild(m_unload_ticks, xml, "UnloadTick");
+    loadChild(m_mining_ticks, xml, "MiningTick");
     iXML* tag = nullptr;
-    if (xml->get("UnloadTick", tag))
-        m_unload_ticks.loadXML(tag);
-    if (xml->get("MiningTick", tag))
-        m_mining_ticks.loadXML(tag);
     if (!xml->get("MenOffsets", tag))
         return;
     for (UInt i = 0; i < tag->getTagCount(); ++i) {

@@ -56,9 +56,7 @@ void cStartPoint::loadXmlState(const iXML* xml) {
     Float degrees = 0.0f;
     readKey(*xml, u"Angle", degrees);
     m_angle = glm::radians(degrees);
-    iXML* cost = nullptr;
-    if (xml->get("ManCost", cost))
-        m_man_cost.loadXML(cost);
+    loadChild(m_man_cost, xml, "ManCost");
     m_init_count = 0;
     requireMen();
 }

@@ -14,6 +14,7 @@
 #include "Engine/core/Random.h"
 #include "Engine/core/Timer.h"
 #include "Game/CommonUI/PriceList.h"
+#include "Game/CommonUI/SimpleEffect.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/buildings/UpgradableBuilding.h"
 #include "Game/GameLogic/goals/GoalsList.h"
@@ -504,8 +505,27 @@ void cMan::setWorkVisualState(const String& name) {
     updateTool(name + "_tool");
 }
 
-void cMan::setBuildRoadVisualState(const Vector2&) {
+void cMan::makeBuildRoadEffect() {
+    if (m_build_road_effect)
+        return;
+    m_build_road_effect = new cSimpleEffect(this, "Effects/BuildRoadEffect.xml");
+    m_build_road_offset = m_build_road_effect->getPosition();
+    m_build_road_effect->setDeep(getDeep() + m_build_road_effect->getDeep());
+}
+
+void cMan::setBuildRoadVisualState(const Vector2& direction) {
+    constexpr Float reach = 0.75f;  // of the tool
     setWorkVisualState("build_road");
+    makeBuildRoadEffect();
+    const Float length = glm::length(direction);
+    const Vector2 ahead = length > 0.0f ? direction / length * m_tool->getSize() * reach : Vector2(0.0f);
+    m_build_road_effect->setPosition(m_tool->getPosition() + ahead + m_build_road_offset);
+    m_build_road_effect->show();
+}
+
+void cMan::hideEffects() {
+    if (m_build_road_effect)
+        m_build_road_effect->hide();
 }
 
 void cMan::setWaitVisualStates() {

@@ -16,6 +16,7 @@ class cBuilding;
 class cCargoStorage;
 class cManWalkTask;
 class cPriceList;
+class cSimpleEffect;
 class cUpgradableUnit;
 
 /// Who walks the level. He stands at a way point, has one goal at most and one task at most.
@@ -73,7 +74,7 @@ public:
     virtual const Float& getSpeedFactor() const { return m_speed_factor; }
     virtual void setSpeedFactor(const Float& factor) { m_speed_factor = factor; }
     virtual void makeDecision();  ///< he has arrived
-    virtual void hideEffects() {}
+    virtual void hideEffects();   ///< the dust of his work
     virtual void setWalkVisualState();
     virtual void startPushOff(Float) {}  ///< an enemy has run into him; seconds that he lies
     virtual void destroyMe();
@@ -94,6 +95,7 @@ public:
     void setInside(Bool inside);  ///< he works in a building, where nobody sees him
     Bool isInside() const { return m_inside; }
     void stopWork();  ///< whatever he does but walking; he stands where he is
+    /// @param direction  that the road goes on in from him; its length is of no account
     void setBuildRoadVisualState(const Vector2& direction);
     void arrange();                     ///< he takes his place at his point, and comes back there if he must
     cManWalkTask* getWalkTask() const;  ///< null unless he walks
@@ -125,6 +127,7 @@ private:
     Bool isRoadBetween(Int src, Int dst) const;
     Bool canExchange(const cMan* other) const;
     void accelerate();
+    void makeBuildRoadEffect();
     void swapWalks(cMan& other, Bool same_point);
 
     Int m_point = -1;  ///< where he stands, or which he left last
@@ -145,7 +148,9 @@ private:
     cPriceList* m_stolen_cargo = nullptr;  ///< children of this view
     Engine::cPicture* m_tool;
     Engine::cPicture* m_shadow;
-    Float m_tool_angle = 0.0f;  ///< its own beyond its bearer's, radians
+    cSimpleEffect* m_build_road_effect = nullptr;  ///< made when he first builds
+    Vector2 m_build_road_offset{0.0f, 0.0f};       ///< of that, as its file says
+    Float m_tool_angle = 0.0f;                     ///< its own beyond its bearer's, radians
     Bool m_is_praying = false;
     Bool m_inside = false;
     Bool m_pushed = false;     ///< he lies on the ground

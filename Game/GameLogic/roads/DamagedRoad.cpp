@@ -8,6 +8,7 @@
 #include "Game/GameLogic/roads/RoadPlan.h"
 #include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/GameUI/Tactic/Utils.h"
+#include "Game/Ui/GameStrings.h"
 
 using namespace Engine;
 
@@ -109,6 +110,7 @@ void cDamagedRoad::updateInfoTipCargo(sInfoTip&) {
 }
 
 void cDamagedRoad::updateInfoTipPrice(sInfoTip& info) {
+    info.text = getGameString("road");
     info.cargo = getMap().getConstants().road_cost.amounts;
     info.compare_global = true;
 }

@@ -67,20 +67,16 @@ Bool cTransRoad::createUpgradeGoals() {
     if (providers.empty())
         return false;
     map.setArcType(getP0(), getP1(), ARC_ROAD_IN_PROGRESS);
-    const Long transaction = beginOrder();
     Vector2 middle;
     cRoad::getPosition(middle, true);
-    flyPrice(middle, {1.0f, 0.0f});
-    const Bool must_wait = createDeliveryGoals(
-        providers, "cRoadPlan::createBuildGoals(): there are not enough resources on the level to build road");
-    if (must_wait)
-        setUpgradeState(waitingForResources);
-    else
-        startUpgrade();
-    auto goal = std::make_shared<cBuildRoadGoal>(getP1(), this);
-    goal->setTransactionId(transaction);
-    map.getGoals()->addGoal(std::move(goal));
+    orderGoods(providers, middle, {1.0f, 0.0f},
+               "cRoadPlan::createBuildGoals(): there are not enough resources on the level to build road");
+    orderBuilders(getOrder());
     return true;
+}
+
+std::shared_ptr<cGoal> cTransRoad::getNewBuilderGoal() {
+    return std::make_shared<cBuildRoadGoal>(getP1(), this);
 }
 
 void cTransRoad::upgrade() {

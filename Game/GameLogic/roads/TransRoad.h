@@ -35,6 +35,7 @@ public:
     void finishUpgrade() override;
     void showProgress(Float cur, Float max) override;
     std::shared_ptr<cDeliveryGoal> getNewDeliveryGoal() override;
+    std::shared_ptr<cGoal> getNewBuilderGoal() override;
     Bool keepsWaiting(const cGoal& goal, Long trans_id) const override;
 
     Bool getAllowed() const { return m_allowed; }

@@ -18,11 +18,6 @@ Float getFogScale(Int level) {
     return std::ranges::find(small_ones, level) != small_ones.end() ? 0.75f : 1.0f;
 }
 
-void setShown(cView* view, Bool show) {
-    if (view)
-        show ? view->show() : view->hide();
-}
-
 }  // namespace
 
 void cStrategicMap::cStartPointInfo::loadLevelSettings(const iXML& xml) {
@@ -64,7 +59,7 @@ void cStrategicMap::cStartPointInfo::addFlag(Int bridge, const Vector2& position
     shown->setPosition(position);
     shown->setDeep(prototype.getDeep() + static_cast<Float>(getWorth(mark)) * deep_step);
     shown->setDirty();
-    setShown(shown, getWorth(mark) > 0);
+    shown->setShown(getWorth(mark) > 0);
     m_flags.push_back({bridge, position, mark, shown});
     if (getWorth(mark) > getWorth(m_mark))
         m_mark = mark;
@@ -77,14 +72,16 @@ void cStrategicMap::cStartPointInfo::setAvail(Bool available) {
 }
 
 void cStrategicMap::cStartPointInfo::showFog(Bool show) {
-    setShown(m_fog, show);
+    if (m_fog)
+        m_fog->setShown(show);
 }
 
 void cStrategicMap::cStartPointInfo::showNumber(Bool show) {
-    setShown(m_number, show);
+    if (m_number)
+        m_number->setShown(show);
 }
 
 void cStrategicMap::cStartPointInfo::showFlags(Bool show) {
     for (const sFlag& flag : m_flags)
-        setShown(flag.picture, show && getWorth(flag.mark) > 0);
+        flag.picture->setShown(show && getWorth(flag.mark) > 0);
 }

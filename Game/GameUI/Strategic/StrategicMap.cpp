@@ -33,10 +33,6 @@ Vector2 getScreen() {
     return {static_cast<Float>(graphics->getWidth()), static_cast<Float>(graphics->getHeight())};
 }
 
-void setShown(cView& view, Bool show) {
-    show ? view.show() : view.hide();
-}
-
 }  // namespace
 
 cStrategicMap::cStrategicMap(cView* parent)
@@ -196,9 +192,9 @@ void cStrategicMap::updateView() {
 void cStrategicMap::showUI(Bool show) {
     for (const NODE* node : m_nodes)
         showLevelButton(node->getLevel(), show);
-    setShown(*m_main_menu, show);
-    setShown(*m_caption_picture, show);
-    setShown(*m_caption_text, show);
+    m_main_menu->setShown(show);
+    m_caption_picture->setShown(show);
+    m_caption_text->setShown(show);
 }
 
 void cStrategicMap::onMainMenu(cView*) {

@@ -17,19 +17,6 @@
 
 using namespace Engine;
 
-namespace {
-
-void setShown(cView& view, Bool shown) {
-    if (shown == view.isShow())
-        return;
-    if (shown)
-        view.show();
-    else
-        view.hide();
-}
-
-}  // namespace
-
 cControlPanel::cControlPanel(cView* parent)
     : cBack(parent),
       m_resources(new cPriceList(this)),
@@ -111,7 +98,8 @@ void cControlPanel::setCatapultAllowed(Bool allowed) {
 
 void cControlPanel::updateView() {
     ENGINE_MARK;
-    setShown(*m_go_back_button, m_back_allowed);
+    if (m_go_back_button->isShow() != m_back_allowed)
+        m_go_back_button->setShown(m_back_allowed);
     updateButton(*m_man_button, m_man_allowed);
     const sResourceCargo& stock = cTacticMap::getInstance()->getGlobalCargo(false);
     updateButton(*m_idol_button, m_idol_allowed && stock.covers(m_idol_button->getCost()));
@@ -126,7 +114,8 @@ void cControlPanel::updateView() {
 }
 
 void cControlPanel::updateButton(cPanelBuyButton& button, Bool can_be_bought) {
-    setShown(button, true);
+    if (!button.isShow())
+        button.show();
     if (can_be_bought != button.canBeBought()) {
         button.setCanBeBought(can_be_bought);
         button.setOscillating(can_be_bought);

@@ -136,6 +136,16 @@ void cLevelFile::requireSize(const Vector2& size) {
         throw String("the size of the map is damaged");
 }
 
+namespace {
+
+/// An arc is as long as the way between its ends.
+Bool isLengthOf(const sArcInfo& arc, const sPointInfo& a, const sPointInfo& b) {
+    const Float length = glm::distance(a.pos, b.pos);
+    return std::abs(arc.length - length) <= 0.001f * length + 0.001f;
+}
+
+}  // namespace
+
 void cLevelFile::requireGraph(const cLevelGraph& graph) {
     const POINTS& points = graph.getPoints();
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -144,7 +154,8 @@ void cLevelFile::requireGraph(const cLevelGraph& graph) {
             throw String("point " + std::to_string(i) + " is damaged");
         for (const auto& [neighbour, arc] : point.arcs) {
             const Bool is_point = graph.hasPoint(neighbour) && neighbour != point.index;
-            if (!is_point || graph.getPoint(neighbour).getArcType(point.index) != arc.type)
+            if (!is_point || graph.getPoint(neighbour).getArcType(point.index) != arc.type ||
+                !isLengthOf(arc, point, graph.getPoint(neighbour)))
                 throw String("the arc " + std::to_string(i) + " - " + std::to_string(neighbour) + " is damaged");
         }
     }

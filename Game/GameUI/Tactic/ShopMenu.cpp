@@ -14,13 +14,6 @@ using namespace Engine;
 
 namespace {
 
-void showIf(cTextLine& text, Bool shown) {
-    if (shown)
-        text.show();
-    else
-        text.hide();
-}
-
 /// A list stands where its tag puts it, seen from the button.
 Vector2 readPlace(const iXML* xml, const char* tag_name) {
     Vector2 res{0.0f, 0.0f};
@@ -62,9 +55,9 @@ void cShopMenu::loadXML(const iXML* xml) {
     std::erase_if(plans, [](const auto* task) { return !task->isPlan(); });
     addPlans(xml, plans);
     addGoods(xml, goods);
-    showIf(*m_plans_text, !plans.empty());
-    showIf(*m_goods_text, !goods.empty());
-    showIf(*m_nothing_text, plans.empty() && goods.empty());
+    m_plans_text->setShown(!plans.empty());
+    m_goods_text->setShown(!goods.empty());
+    m_nothing_text->setShown(plans.empty() && goods.empty());
 }
 
 /// In a row, with its middle where the button's tag has its place.

@@ -5,6 +5,7 @@
 
 #include <glm/trigonometric.hpp>
 
+#include "Engine/Ui/LoadView.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/core/Keys.h"
 #include "Engine/core/iXML.h"
@@ -46,9 +47,7 @@ void sTacticConstants::loadXML(const iXML* xml) {
     readKey(*xml, u"new_level_hide_bridges", new_level_hide_bridges);
     new_level_show_bridges *= new_level_effect_time;
     new_level_hide_bridges *= new_level_effect_time;
-    iXML* cost = nullptr;
-    if (xml->get("RoadCost", cost))
-        road_cost.loadXML(cost);
+    loadChild(road_cost, xml, "RoadCost");
     readKey(*xml, u"land_base_dir", land_base_dir);
     readKey(*xml, u"top_tile_prefix", top_tile_prefix);
     readKey(*xml, u"bottom_tile_prefix", bottom_tile_prefix);

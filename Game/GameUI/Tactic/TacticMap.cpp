@@ -450,6 +450,8 @@ void cTacticMap::showStrategicMap() {
     if (cStrategicMap* strategic = cStrategicMap::getInstance())
         strategic->updateLevelFlags(cProfile::getInts()["CurrentLevel"]);
     saveBinLevel();
+    if (cGame* game = cGame::getInstance())
+        game->saveLevels();
     startLeaving(to_strategic_map);
 }
 

@@ -36,6 +36,13 @@ Int getCurrentLevel() {
     return cProfile::getInts()["CurrentLevel"];
 }
 
+/// Throws "undefined object type", and another text for an object that is no building.
+cLevelObject* createBuilding(Int type, cTacticMap& map) {
+    if (cLevelObject::getDefinitionFile(type) && (type < objectIdol || type > objectShop))
+        throw String("an object of type " + std::to_string(type) + " is no building");
+    return cLevelObject::create(type, map);
+}
+
 }  // namespace
 
 // The level's file ---------------------------------------------------------------------------------------------------
@@ -47,7 +54,7 @@ void cTacticMap::loadXmlLevel() {
     m_graph.build();
     createWaypoints();
     file.forEachBuilding([this](Int type, const iXML& tag) {
-        cLevelObject* object = cLevelObject::create(type, *this);
+        cLevelObject* object = createBuilding(type, *this);
         object->loadXmlState(&tag);
         object->setInitState();
     });
@@ -223,11 +230,9 @@ void cTacticMap::saveBinLevel() {
     cGame* game = cGame::getInstance();
     if (!game)
         return;
-    const Int level = getCurrentLevel();
-    cLevelState* state = game->getSavedLevel(level);
-    if (!state)
-        state = game->createSavedLevel(level);
-    writeLevel(*state->createWriter());
+    cLevelState record(getCurrentLevel());
+    writeLevel(*record.createWriter());
+    *game->createSavedLevel(record.getLevel()) = std::move(record);
 }
 
 void cTacticMap::loadBinLevel() {
@@ -261,7 +266,7 @@ void cTacticMap::readLevel(iArch& arch) {
     for (Int left = readCount(arch, least_building, "buildings"); left > 0; --left) {
         Int type = -1;
         arch << type;
-        cLevelObject* object = cLevelObject::create(type, *this);
+        cLevelObject* object = createBuilding(type, *this);
         object->loadBinState(arch);
         object->setInitState();
     }

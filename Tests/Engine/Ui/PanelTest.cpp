@@ -34,14 +34,7 @@ protected:
         view.loadXML(&xml);
     }
 
-    void click(Float x, Float y) {
-        program.moveCursor(x, y);
-        program.frame();
-        program.press();
-        program.frame();
-        program.release();
-        program.frame();
-    }
+    void click(Float x, Float y) { program.click(x, y); }
 
     cHeadlessProgram program;
 };

@@ -83,11 +83,7 @@ protected:
         program.frames(enough_frames);
     }
     void click(Float x, Float y) {
-        program.moveCursor(x, y);
-        program.frame();
-        program.press();
-        program.frame();
-        program.release();
+        program.click(x, y);
         program.frames(enough_frames);
     }
     void clickOk() { click(100.0f, 500.0f); }

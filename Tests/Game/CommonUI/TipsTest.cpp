@@ -189,6 +189,21 @@ TEST_F(Tips, aClickOnAFullTipSendsItAwayOrTellsWhatIsLacking) {
     EXPECT_TRUE(button->says(u"Price:"));
 }
 
+TEST_F(Tips, tellAtOnceWhatAClickHasOrdered) {
+    auto* button = make<cTalkingButton>();
+    button->price.text = u"Build";
+    button->setOnClick([](cView* view) {
+        static_cast<cTalkingButton*>(view)->price = {};
+        static_cast<cTalkingButton*>(view)->cargo.text = u"Being built";
+    });
+    hover();
+    seconds(0.2f);
+    click();  // before the tip has come
+    seconds(1.0f);
+    EXPECT_TRUE(button->says(u"Being built"));
+    EXPECT_FALSE(button->says(u"Build"));
+}
+
 TEST_F(Tips, tellOfALackInEitherHalfAndNothingOfAHalfThatHasNothingToTell) {
     auto* button = make<cTalkingButton>();
     iTipWorld::set(&world);

@@ -51,14 +51,7 @@ public:
 
     cWayPoint& getWayPoint(Int point) { return *getMap().getPoint(point).way_point; }
     Int getWood() { return getMap().getGlobalCargo(true)[resourceWood]; }
-    void click(Float x, Float y) {
-        getProgram().moveCursor(x, y);
-        getProgram().frame();
-        getProgram().press();
-        getProgram().frame();
-        getProgram().release();
-        getProgram().frame();
-    }
+    void click(Float x, Float y) { getProgram().click(x, y); }
     template <class F>
     Bool playUntil(F&& is_done) {
         for (Int i = 0; i < 3000 && !is_done(); ++i)

@@ -78,14 +78,7 @@ protected:
         program.getPlatform().pushKey(code, false);
         program.frame();
     }
-    void click(Float x, Float y) {
-        program.moveCursor(x, y);
-        program.frame();
-        program.press();
-        program.frame();
-        program.release();
-        program.frame();
-    }
+    void click(Float x, Float y) { program.click(x, y); }
     /// Long enough for any fade.
     void settle() { program.frames(40); }
 

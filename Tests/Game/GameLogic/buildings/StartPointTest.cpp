@@ -44,11 +44,7 @@ protected:
         ASSERT_FALSE(map().isLocked());
     }
     void click(const Vector2& place) {
-        program.moveCursor(place.x, place.y);
-        program.frame();
-        program.press();
-        program.frame();
-        program.release();
+        program.click(place.x, place.y);
         program.frames(20);  // a question has faded in
     }
     void key(UInt code) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "Game/GameLogic/buildings/Bridge.h"
 #include "Game/GameLogic/buildings/StartPoint.h"
 #include "Game/GameLogic/roads/Road.h"
@@ -130,6 +132,20 @@ TEST_F(SavedLevel, cutAnywhereIsRefusedAndTheNextLevelCanBePlayed) {
     begin();
     EXPECT_EQ(map().getMen().size(), 1u);
     leave();
+}
+
+// Ways would be longer than the longest that anybody looks for, and the net would reach what no man does.
+TEST_F(SavedLevel, whoseArcIsNotAsLongAsTheWayBetweenItsEndsIsRefused) {
+    constexpr std::size_t length_of_first_arc = 58;
+    begin();
+    std::vector<char> bytes = save();
+    leave();
+    Float length = 0.0f;
+    std::memcpy(&length, bytes.data() + length_of_first_arc, sizeof(length));
+    ASSERT_EQ(length, 100.0f);
+    length = 1e8f;
+    std::memcpy(bytes.data() + length_of_first_arc, &length, sizeof(length));
+    EXPECT_EQ(tryLoad(bytes), "LevelMap.lvl, level 0, saved: the arc 0 - 1 is damaged");
 }
 
 TEST_F(SavedLevel, withFlippedBitsEitherPlaysOrIsRefused) {
