@@ -44,6 +44,8 @@ def masks(name):
     levels = [state for state in looks.LOOKS[name].states if state[-1].isdigit()]
     plot = filled(opened(levels[0])).getchannel("A")
     for state in levels:
+        if state != levels[0]:
+            plot.paste(0, (0, 0, plot.width, signs.lower_edge(looks.LOOKS[name].foot)))  # its sign is gone
         mask = Image.new("RGBA", plot.size, (*palette.rgb("ink"), 0))
         mask.putalpha(ImageChops.lighter(plot, opened(state).getchannel("A").point(lambda a: 255 * (a > 40))))
         picture.save(mask, f"Buildings/{looks.file_name(name, state)}_mask.png")

@@ -8,18 +8,24 @@ import picture
 
 SCALE = 4
 BOARD = (34, 29)  # units
+BEHIND, POLE = 8, 16  # units from the foot of the plot up to the pole's, and from there to the board
 ICONS = {  # building: the picture on its board, of `small_effects` and `panel`
     "FoodMill": "Effects/icon_food.png", "WoodMill": "Effects/icon_wood.png", "StoneMill": "Effects/icon_stone.png",
     "IronMill": "Effects/icon_iron.png", "Warehouse": "GameUI/Panel/icon_crate.png",
 }
 
 
+def lower_edge(foot):
+    """Of the board, on the picture of a plot with that foot."""
+    return foot[1] - BEHIND - POLE
+
+
 def put_up(image, name, foot):
     """The picture with its sign behind the middle of the plot, whose foot is the middle of the ground."""
     layer = Image.new("RGBA", (image.width * SCALE, image.height * SCALE))
     draw = ImageDraw.Draw(layer)
-    x, ground = foot[0], foot[1] - 8
-    top = ground - BOARD[1] - 16
+    x, ground = foot[0], foot[1] - BEHIND
+    top = lower_edge(foot) - BOARD[1]
 
     def box(left, upper, right, lower, colour, round_by=0):
         draw.rounded_rectangle([v * SCALE for v in (left, upper, right)] + [lower * SCALE - 1], round_by * SCALE, fill=palette.rgb(colour))

@@ -220,7 +220,7 @@ void cResourceManager::logToResources(const iXML* log, UInt first, UInt last) {
         if (!log->get(i, tag))
             return;
         const eResourceType type = readType(*tag);
-        if (type != eResourceType::none)
+        if (canLoad(type))
             getByType(toNarrow((*tag)[u"Path"]), type)->release();
     }
 }

@@ -49,7 +49,8 @@ public:
     virtual const String& getResourceName(const iResource* resource) const;
     /// Writes the list of what is loaded as a resource log in the common directory.
     virtual void resourcesToLog(const String& path);
-    /// Loads the entries first to last - 1 of a resource log and leaves them cached at count 0.
+    /// Loads the entries first to last - 1 of a resource log and leaves them cached at count 0. Kinds that can't be
+    /// loaded are passed over: sounds in a program that runs silent.
     virtual void logToResources(const iXML* log, UInt first, UInt last);
     virtual void clear();
     virtual void clearUseless();

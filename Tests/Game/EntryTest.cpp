@@ -21,6 +21,8 @@
 #include "Engine/graphics/Graphics.h"
 #include "Engine/platform/headless/HeadlessPlatform.h"
 #include "Engine/platform/sdl/OpenAlDevice.h"
+#include "Game/GameUI/Strategic/StrategicMap.h"
+#include "Game/GameUI/Tactic/TacticMap.h"
 #include "Game/Ui/Credits.h"
 #include "Game/Ui/LogLoad.h"
 #include "Game/Ui/MainMenu.h"
@@ -272,6 +274,30 @@ TEST_F(Entry, theResourceLogNamesWhatTheMainMenuNeeds) {
         cResourceManager::getInstance()->getResourceNames(needed);
         for (const String& name : needed)
             EXPECT_TRUE(loaded.contains(name)) << name << " is not in reslog_mainmenu.xml";
+    });
+    EXPECT_EQ(run(), 0u) << errorLog();
+}
+
+// A level reads from the disk its own land and music, no more. After a new picture: scripts/reslog.sh.
+TEST_F(Entry, theResourceLogNamesWhatTheMapOfLevelsAndALevelNeed) {
+    std::set<String> loaded;
+    const auto add_loaded = [&] { cResourceManager::getInstance()->getResourceNames(loaded); };
+    createPlayer(u"Anna");
+    click("UI/MainMenu.xml", "StartButton");
+    until([&] {
+        if (cLogLoad::getInstance())
+            add_loaded();
+        return cStrategicMap::getInstance() && cStrategicMap::getInstance()->isShown();
+    });
+    wait(50, [] { cStrategicMap::getInstance()->startLevel(1, false); });
+    until([] { return cTacticMap::getInstance()->hasLevel() && !cTacticMap::getInstance()->isRolling(); });
+    wait(200, [&] {
+        std::set<String> needed;
+        cResourceManager::getInstance()->getResourceNames(needed);
+        for (const String& name : needed) {
+            const Bool is_its_own = name.starts_with("land/") || name.starts_with("music/") || name == "levelmap.lvl";
+            EXPECT_TRUE(is_its_own || loaded.contains(name)) << name << " is not in reslog_strategic.xml";
+        }
     });
     EXPECT_EQ(run(), 0u) << errorLog();
 }

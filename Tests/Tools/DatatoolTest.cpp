@@ -305,6 +305,19 @@ TEST_F(Datatool, packsTheSameBytesForTheSameFiles) {
     EXPECT_FALSE(directory.has("data/all.pack.new"));
 }
 
+// a.xml names b.xml, which names it back, a picture, and one that is not there
+TEST_F(Datatool, logsWhatDocumentsNameAndTheirsInTurn) {
+    directory.write("data/a.xml", R"(<a File="b.xml" Text="no file."/>)");
+    directory.write("data/b.xml", R"(<b><c Picture="P/&amp;.png"/><c Picture="none.png" File="A.xml"/></b>)");
+    directory.write("data/P/&.png", "");
+    EXPECT_EQ(run("reslog @data a.xml b.xml").out,
+              "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<ResourceLog>\n"
+              "    <Tag Path=\"a.xml\" Type=\"1\"/>\n    <Tag Path=\"b.xml\" Type=\"1\"/>\n"
+              "    <Tag Path=\"P/&amp;.png\" Type=\"0\"/>\n</ResourceLog>\n");
+    EXPECT_EQ(run("reslog @data none.xml").err,
+              String("datatool: none.xml: no such file in ") + (directory / "data/") + "\n");
+}
+
 TEST_F(Datatool, findsWhatTheGameWouldStumbleOver) {
     writeGame("good", makeLevel(0, 10));
     directory.writePack("good/a.pack", {{"ui/x.xml", "<x/>"}});

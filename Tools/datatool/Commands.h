@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "Engine/core/String.h"
 
 /// What datatool can do, one file each. All throw a String, in one line that names the file, when the data or the run
@@ -20,5 +22,8 @@ void decompile(const Engine::String& in, const Engine::String& out);
 
 /// All files of a directory as a pack. The same files give the same bytes.
 void pack(const Engine::String& directory, const Engine::String& out);
+
+/// Prints a resource log of files of a data directory, and of all that documents among them name and theirs in turn.
+void makeResourceLog(const Engine::String& directory, const std::vector<Engine::String>& names);
 
 }  // namespace Datatool
