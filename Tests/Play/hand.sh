@@ -8,7 +8,7 @@ set -uo pipefail
 game="$(cd "$(dirname "$0")/../.." && pwd)/build/release/brindle"
 out=$(mkdir -p "$1" && cd "$1" && pwd)
 home=$(mktemp -d)
-export DISPLAY=:77 XDG_DATA_HOME="$home" SDL_AUDIODRIVER=dummy
+export DISPLAY=:$((100 + $$ % 900)) XDG_DATA_HOME="$home" SDL_AUDIODRIVER=dummy
 title_bar=21  # openbox's, which xdotool counts twice
 
 Xvfb $DISPLAY -screen 0 1280x960x24 >/dev/null 2>&1 & display=$!
@@ -38,7 +38,8 @@ start() {
 tool="$(dirname "$game")/Tools/simulate"
 # Plays a level by one of the scripts beside this one, as it is entered anew: LEVEL SCRIPT SECONDS PICTURES. It waits that
 # long first, and takes a picture every half minute. The script is played without a screen before, which tells where the
-# pointer goes. What came too fast for a screen is played a little later.
+# pointer goes. What came too fast for a screen is played a
+# little later. The one key that is played is Escape.
 play_script() {
   "$tool" --data "$(dirname "$game")/Data" --level "$1" --until 1000 --script "$2" --trace "$home/hand.txt" \
     --report /dev/null || fail "$2 can't be played"
@@ -47,7 +48,8 @@ play_script() {
     { at($1 + wait) }
     $2 == "move" { printf "mousemove %d %d\n", left + $3, top + $4 }
     $2 == "press" { print "mousedown 1" }
-    $2 == "release" { print "mouseup 1" }' "$home/hand.txt" >"$home/hand.xdo"
+    $2 == "release" { print "mouseup 1" }
+    $2 == "key" { print ($4 == "press" ? "keydown" : "keyup"), "Escape" }' "$home/hand.txt" >"$home/hand.xdo"
   xdotool - <"$home/hand.xdo" & local hand=$! count=0
   while sleep 30 && kill -0 $hand 2>/dev/null; do shot "$4-$((count += 1))"; done
   wait $hand
