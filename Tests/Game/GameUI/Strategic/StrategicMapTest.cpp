@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "Engine/Ui/Scavenger.h"
 #include "Game/GameLogic/Mark.h"
 #include "Game/GameUI/Strategic/StartPointInfo.h"
@@ -112,14 +114,7 @@ protected:
         program.getPlatform().pushKey(code, false);
         program.frames(30);
     }
-    void clickNode(Float x) {
-        program.moveCursor(x, 100);
-        program.frame();
-        program.press();
-        program.frame();
-        program.release();
-        program.frame();
-    }
+    void clickNode(Float x) { program.click(x, 100); }
     /// Both the buttons and the pictures of the map lie among its children.
     static const cTips<cStrategicMap::cStartPointInfo>* node(Int level) {
         const cTips<cStrategicMap::cStartPointInfo>* found = nullptr;
@@ -244,18 +239,22 @@ TEST_F(MapOfLevels, offersANewPlayerToSkipTheLessons) {
     EXPECT_EQ(cGame::getProgress().hints[54], sProgress::hint_done);
 }
 
-TEST_F(MapOfLevels, isResumedWhereTheProgramWasClosed) {
+TEST_F(MapOfLevels, isResumedWhereTheProgramWasClosedOrALevelLeft) {
     start(true);
+    const auto save_by = [this](Int deals, const std::function<void()>& leave) {
+        cStrategicMap::getInstance()->enterLevel(0, false);
+        program.frames(100);
+        cTacticMap::getInstance()->addToLevelStat(statShopDeals, deals);
+        leave();
+        leaveGame();
+        Engine::cProfile::close();
+        Engine::cProfile::open(u"Anna");
+        enterGame();
+    };
+    save_by(7, [] { cGame::getInstance()->saveAtExit(); });
+    save_by(2, [] { cTacticMap::getInstance()->showStrategicMap(); });  // the program may be gone in the next moment
     cStrategicMap::getInstance()->enterLevel(0, false);
-    program.frames(100);
-    cTacticMap::getInstance()->addToLevelStat(statShopDeals, 7);
-    cGame::getInstance()->saveAtExit();
-    leaveGame();
-    Engine::cProfile::close();
-    Engine::cProfile::open(u"Anna");
-    enterGame();
-    cStrategicMap::getInstance()->enterLevel(0, false);
-    EXPECT_EQ(cTacticMap::getInstance()->getLevelStat(statShopDeals), 7);
+    EXPECT_EQ(cTacticMap::getInstance()->getLevelStat(statShopDeals), 9);
 }
 
 // The place comes to the middle of the screen, a picture as large as the screen is then 1 / scale as large.
