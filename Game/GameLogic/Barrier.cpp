@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Engine/Ui/ProgressFloat.h"
 #include "Engine/core/Arch.h"
 #include "Engine/core/CallStack.h"
 #include "Engine/graphics/Graphics.h"
+#include "Game/CommonUI/NewControlEffect.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/goals/Goal.h"
 #include "Game/GameLogic/men/Man.h"
@@ -81,6 +83,20 @@ void cBarrier::damage() {
     degrade(1);
 }
 
+// Its work -----------------------------------------------------------------------------------------------------------
+
+void cBarrier::loadWorkBar(const iXML* xml) {
+    loadProgress(xml, this, "UpgradeTick");
+    if (const cProgressFloat* bar = getProgressBar())
+        m_progress_offset = bar->getPosition() - cControl::getPosition();
+}
+
+void cBarrier::addMan(cMan* man) {
+    cUpgradableUnit::addMan(man);
+    if (cProgressFloat* bar = getProgressBar())
+        bar->setPosition(getEndPos(man->getPoint()) + m_progress_offset);
+}
+
 // Its level ----------------------------------------------------------------------------------------------------------
 
 void cBarrier::updateInfoTipPrice(sInfoTip& info) {
@@ -151,6 +167,13 @@ void cBarrier::proposeRoad() {
     }
     way_point->proposeRoadPlan(from);
     way_point->hideRoadPrice();
+}
+
+void cBarrier::showPossible(Bool possible) {
+    if (possible && !isActive() && !getMap().isLocked() && isOnScreen())
+        cNewControlEffect::play(this, *this, "Effects/UpAvailEffect.xml");
+    setActive(possible);
+    setStatePicture(getState());
 }
 
 void cBarrier::processRoad() {

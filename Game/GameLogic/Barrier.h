@@ -36,6 +36,7 @@ public:
     Int getUnderPoint() const override { return getP0(); }
     const sResourceCargo& getPrice() const override { return m_price; }
     void setPrice(const sResourceCargo& price) { m_price = price; }  ///< that of its arc
+    void addMan(cMan* man) override;  ///< the bar follows him
     void upgrade() override;
     Bool degrade(Int amount) override;
 
@@ -56,7 +57,11 @@ protected:
     /// Of those points the one that the man reaches first from src; -1 for none.
     Int findClosestOf(const std::set<Int>& points, const cMan& man, Int src) const;
 
+    /// The child tag "UpgradeTick" (cProgressFloatExt): a bar beside the men who work on it.
+    void loadWorkBar(const Engine::iXML* xml);
+
     // The player's hand, on a barrier of his
+    void showPossible(Bool possible);  ///< whether it could be ordered now; that draws the eye when it begins
     void proposeRoad();  ///< shows the road that would lead to it, from the one in drag or from his net
     void processRoad();  ///< orders that road, to one that stands where nobody can get at it
     void tellOrder(sInfoTip& info) const;  ///< what a site costs, or that it is in work
@@ -64,5 +69,6 @@ protected:
 
 private:
     sResourceCargo m_price;
+    Vector2 m_progress_offset{0.0f, 0.0f};  ///< of the bar from the point of the men
     Bool m_view_built = false;
 };

@@ -1,7 +1,10 @@
 #include "Tools/simulate/Trace.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iomanip>
+
+#include "Engine/graphics/Graphics.h"
 
 namespace Simulate {
 
@@ -16,9 +19,13 @@ void cTrace::advance(unsigned milliseconds) {
     m_machine->advance(milliseconds);
 }
 
-/// Goes to whole places, as a pointer does.
+/// Goes to whole places of the screen, as a pointer does.
 void cTrace::move(const Engine::Vector2& place) {
-    const Engine::Vector2 whole(std::round(place.x), std::round(place.y));
+    const auto within = [](float x, Engine::UInt size) {
+        return std::clamp(std::round(x), 0.0f, static_cast<float>(size) - 1.0f);
+    };
+    const auto* screen = Engine::cGraphics::getInstance();
+    const Engine::Vector2 whole(within(place.x, screen->getWidth()), within(place.y, screen->getHeight()));
     const std::string action =
         "move " + std::to_string(std::lround(whole.x)) + " " + std::to_string(std::lround(whole.y));
     if (action != m_last_move)

@@ -74,14 +74,10 @@ public:
     Bool createUpgradeGoals() override;
     std::shared_ptr<cDeliveryGoal> getNewDeliveryGoal() override;
     std::shared_ptr<cGoal> getNewBuilderGoal() override;
-    void addMan(cMan* man) override;
     void upgrade() override;
 
 protected:
     Int getSiteArc() const override { return ARC_PLAYER_BRIDGE_SITE; }
-
-private:
-    Vector2 m_progress_offset{0.0f, 0.0f};  ///< of the bar from the point of the men
 };
 
 /// A bridge of the enemy's.

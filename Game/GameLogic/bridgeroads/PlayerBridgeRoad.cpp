@@ -1,7 +1,5 @@
 // The bridges that the player orders.
-#include "Engine/Ui/ProgressFloat.h"
 #include "Engine/core/CallStack.h"
-#include "Game/CommonUI/NewControlEffect.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/bridgeroads/BridgeRoad.h"
 #include "Game/GameLogic/bridgeroads/BridgesPlan.h"
@@ -15,9 +13,7 @@ using namespace Engine;
 void cPlayerBridgeRoad::loadXML(const iXML* xml) {
     ENGINE_MARK;
     cBridgeRoad::loadXML(xml);
-    loadProgress(xml, this, "UpgradeTick");
-    if (const cProgressFloat* bar = getProgressBar())
-        m_progress_offset = bar->getPosition() - cControl::getPosition();
+    loadWorkBar(xml);
 }
 
 // Its order ----------------------------------------------------------------------------------------------------------
@@ -61,12 +57,6 @@ std::shared_ptr<cGoal> cPlayerBridgeRoad::getNewBuilderGoal() {
     return std::make_shared<cBuildBridgeRoadGoal>(getUnderPoint(), this);
 }
 
-void cPlayerBridgeRoad::addMan(cMan* man) {
-    cBridgeRoad::addMan(man);
-    if (cProgressFloat* bar = getProgressBar())
-        bar->setPosition(getEndPos(man->getPoint()) + m_progress_offset);
-}
-
 void cPlayerBridgeRoad::upgrade() {
     ENGINE_MARK;
     if (!countFinishedMan())
@@ -82,10 +72,7 @@ void cPlayerBridgeRoad::updateView(Bool hide) {
     if (hide || !hasEnds())
         return;
     const Bool possible = getLevel() == 0 && getUpgradeState() == idle && isUpgradeAllowed() && isPlayerConnected();
-    if (possible && !isActive() && !getMap().isLocked() && isOnScreen())
-        cNewControlEffect::play(this, *this, "Effects/UpAvailEffect.xml");
-    setActive(possible);
-    setStatePicture(getState());
+    showPossible(possible);
 }
 
 /// One that nobody can get at offers the road there.

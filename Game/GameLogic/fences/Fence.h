@@ -111,7 +111,6 @@ public:
     Bool createUpgradeGoals() override;
     std::shared_ptr<cDeliveryGoal> getNewDeliveryGoal() override;
     std::shared_ptr<cGoal> getNewBuilderGoal() override;
-    void addMan(cMan* man) override;
     void upgrade() override;
     void finishUpgrade() override;  ///< of the whole run, if it is not built by then
 
@@ -126,7 +125,6 @@ private:
 
     /// Its run, from when the pointer or updateView() first needs it until a fence rises or falls.
     std::unique_ptr<cFencePlan> m_fence_plan;
-    Vector2 m_progress_offset{0.0f, 0.0f};  ///< of the bar from the point of the men
 };
 
 /// A fence of the enemy's: it stops the player. His men build it piece by piece.

@@ -1,7 +1,5 @@
 // The fences that the player orders.
-#include "Engine/Ui/ProgressFloat.h"
 #include "Engine/core/CallStack.h"
-#include "Game/CommonUI/NewControlEffect.h"
 #include "Game/GameLogic/WayPoint.h"
 #include "Game/GameLogic/fences/Fence.h"
 #include "Game/GameLogic/fences/FencePlan.h"
@@ -21,9 +19,7 @@ cPlayerFence::~cPlayerFence() = default;
 void cPlayerFence::loadXML(const iXML* xml) {
     ENGINE_MARK;
     cFence::loadXML(xml);
-    loadProgress(xml, this, "UpgradeTick");
-    if (const cProgressFloat* bar = getProgressBar())
-        m_progress_offset = bar->getPosition() - cControl::getPosition();
+    loadWorkBar(xml);
 }
 
 // Its run ------------------------------------------------------------------------------------------------------------
@@ -77,12 +73,6 @@ std::shared_ptr<cGoal> cPlayerFence::getNewBuilderGoal() {
     return std::make_shared<cBuildFenceGoal>(getP0(), this);
 }
 
-void cPlayerFence::addMan(cMan* man) {
-    cFence::addMan(man);
-    if (cProgressFloat* bar = getProgressBar())
-        bar->setPosition(getEndPos(man->getPoint()) + m_progress_offset);
-}
-
 void cPlayerFence::upgrade() {
     ENGINE_MARK;
     if (!countFinishedMan())
@@ -106,10 +96,7 @@ void cPlayerFence::updateView(Bool hide) {
         return;
     const Bool possible =
         getLevel() == 0 && getUpgradeState() == idle && isUpgradeAllowed() && getPlan().isPlayerConnected();
-    if (possible && !isActive() && !getMap().isLocked() && isOnScreen())
-        cNewControlEffect::play(this, *this, "Effects/UpAvailEffect.xml");
-    setActive(possible);
-    setStatePicture(getState());
+    showPossible(possible);
 }
 
 /// One that nobody can get at offers the road there.
