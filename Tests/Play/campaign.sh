@@ -17,7 +17,7 @@ left_behind() {
 # Goes on from a level that is won: NEXT X Y; there the bridge is when the map is scrolled to its right end.
 go_on() {
   for _ in 1 2 3 4 5 6 7 8 9 10 11 12; do
-    [ "$(property CurrentLevel)" = "$1" ] && return
+    [ "$(property "LevelOpen$1")" = 1 ] && return
     at 798 300; sleep 1.5; click "$2" "$3"; sleep 6
   done
   fail "level $1 is not reached"
