@@ -1,7 +1,7 @@
 /// A frame of the largest level that the game comes with, 100 men on it who all have something to do: what can be built
 /// is ordered each second, something falls, and whoever is not needed walks about. Once without drawing, once with the
-/// picture drawn off-screen by whatever draws here; a frame may take 16 ms. And that level entered from the map of levels,
-/// until it begins to roll in with its first picture: 300 ms, when its files have been read before.
+/// picture drawn off-screen by whatever draws here; a frame may take 16 ms. And that level entered from the map of
+/// levels, until it begins to roll in with its first picture: 300 ms, when its files have been read before.
 #include <benchmark/benchmark.h>
 
 #include <chrono>

@@ -36,7 +36,7 @@ public:
     Int getUnderPoint() const override { return getP0(); }
     const sResourceCargo& getPrice() const override { return m_price; }
     void setPrice(const sResourceCargo& price) { m_price = price; }  ///< that of its arc
-    void addMan(cMan* man) override;  ///< the bar follows him
+    void addMan(cMan* man) override;                                 ///< the bar follows him
     void upgrade() override;
     Bool degrade(Int amount) override;
 
@@ -62,8 +62,8 @@ protected:
 
     // The player's hand, on a barrier of his
     void showPossible(Bool possible);  ///< whether it could be ordered now; that draws the eye when it begins
-    void proposeRoad();  ///< shows the road that would lead to it, from the one in drag or from his net
-    void processRoad();  ///< orders that road, to one that stands where nobody can get at it
+    void proposeRoad();                ///< shows the road that would lead to it, from the one in drag or from his net
+    void processRoad();                ///< orders that road, to one that stands where nobody can get at it
     void tellOrder(sInfoTip& info) const;  ///< what a site costs, or that it is in work
     void tellRoad(sInfoTip& info) const;   ///< what the proposed road to a standing one costs
 
