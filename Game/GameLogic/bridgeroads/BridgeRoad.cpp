@@ -127,8 +127,11 @@ void cBridgeRoad::build() {
     const cOverlayButton& proto = getLevel() > 0 ? *m_tile : *m_tile_place;
     const Float width = getLevel() == 0 && m_damaged_tile_length > 0.0f ? m_damaged_tile_length : proto.getSize().x;
     const Float end = m_left->getSize().x;
-    for (const Vector2& place : layPieces(width, end, end))
+    const std::vector<Vector2> places = layPieces(width, end, end);
+    for (const Vector2& place : places)
         createTile(proto, place, angle);
+    if (getLevel() > 0 && places.size() > 1)
+        closeGaps(glm::distance(places[0], places[1]));
     createEnds(angle, is_turned);
 }
 
@@ -138,6 +141,12 @@ void cBridgeRoad::createTile(const cOverlayButton& proto, const Vector2& place, 
     piece->setAngle(angle);
     piece->show();
     m_pieces.push_back(piece);
+}
+
+/// Planks that lie further apart than they are long are stretched to meet.
+void cBridgeRoad::closeGaps(Float distance) {
+    for (cOverlayButton* piece : m_pieces)
+        piece->setSize({std::max(piece->getSize().x, distance), piece->getSize().y});
 }
 
 /// An end lies between its shore and the first piece.

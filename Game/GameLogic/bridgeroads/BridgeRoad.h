@@ -37,6 +37,7 @@ protected:
 private:
     virtual void build();
     virtual void createTile(const Engine::cOverlayButton& proto, const Vector2& place, Float angle);
+    void closeGaps(Float distance);
     void createEnds(Float angle, Bool is_turned);
 
     // Children of this view
